@@ -1,0 +1,100 @@
+#include "cliargs.h"
+
+namespace qv {
+
+QString g_cliUsage()
+{
+    return QStringLiteral(
+        "Usage:\n"
+        "  quorvanta-cli convert [--type csv|log|vis|qvj] [--yes|--no] [--changed-time SECONDS] INPUT -o OUTPUT\n"
+        "  quorvanta-cli info [--json] [--type csv|log|vis|qvj] [--yes|--no] FILE\n"
+        "\n"
+        "convert  reads a sampling file or a project and writes it as a project (.qvj)\n"
+        "info     prints the settings and data sets of a project or an imported sampling file\n"
+        "\n"
+        "  --type T          the kind of INPUT; without it: .qvj project, .log binary log,\n"
+        "                    .csv vaporix-VIS when its first line is empty, else controller CSV\n"
+        "  --yes, --no       answer to every question an import asks (default --no)\n"
+        "  --json            print info as JSON\n"
+        "  --changed-time S  stamp the saved record with S seconds since 1970 instead of now\n"
+        "\n"
+        "Exit status: 0 done, 1 the file could not be read or written, 2 usage error.\n");
+}
+
+bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *error)
+{
+    CliCommand c;
+    if (arguments.isEmpty()) {
+        *error = QStringLiteral("no command given");
+        return false;
+    }
+    const QString verb = arguments.first();
+    if (verb == QLatin1String("convert")) {
+        c.verb = CliCommand::Convert;
+    } else if (verb == QLatin1String("info")) {
+        c.verb = CliCommand::Info;
+    } else if (verb == QLatin1String("help") || verb == QLatin1String("--help") || verb == QLatin1String("-h")) {
+        c.verb = CliCommand::Help;
+        *command = c;
+        return true;
+    } else {
+        *error = QStringLiteral("unknown command: ") + verb;
+        return false;
+    }
+
+    QStringList positional;
+    for (int i = 1; i < arguments.size(); ++i) {
+        const QString &a = arguments.at(i);
+        const bool hasValue = i + 1 < arguments.size();
+        if (a == QLatin1String("--type")) {
+            if (!hasValue) {
+                *error = QStringLiteral("--type needs a value");
+                return false;
+            }
+            c.type = g_inputTypeFromName(arguments.at(++i));
+            if (c.type == InputType::Unknown) {
+                *error = QStringLiteral("unknown type: ") + arguments.at(i);
+                return false;
+            }
+        } else if (a == QLatin1String("--yes")) {
+            c.answerYes = true;
+        } else if (a == QLatin1String("--no")) {
+            c.answerYes = false;
+        } else if (a == QLatin1String("--json") && c.verb == CliCommand::Info) {
+            c.json = true;
+        } else if (a == QLatin1String("-o") && c.verb == CliCommand::Convert) {
+            if (!hasValue) {
+                *error = QStringLiteral("-o needs a file name");
+                return false;
+            }
+            c.output = arguments.at(++i);
+        } else if (a == QLatin1String("--changed-time") && c.verb == CliCommand::Convert) {
+            bool ok = false;
+            c.changedTime = hasValue ? arguments.at(++i).toUInt(&ok) : 0;
+            if (!ok) {
+                *error = QStringLiteral("--changed-time needs a number of seconds");
+                return false;
+            }
+            c.hasChangedTime = true;
+        } else if (a.startsWith(QLatin1Char('-')) && a.size() > 1) {
+            *error = QStringLiteral("unknown option: ") + a;
+            return false;
+        } else {
+            positional << a;
+        }
+    }
+    if (positional.size() != 1) {
+        *error = positional.isEmpty() ? QStringLiteral("no input file given")
+                                      : QStringLiteral("more than one input file given");
+        return false;
+    }
+    c.input = positional.first();
+    if (c.verb == CliCommand::Convert && c.output.isEmpty()) {
+        *error = QStringLiteral("convert needs -o OUTPUT");
+        return false;
+    }
+    *command = c;
+    return true;
+}
+
+}  // namespace qv

@@ -1,0 +1,22 @@
+#include "importer.h"
+
+namespace qv {
+
+const char *const kMsgTypeNotSupported =
+    QT_TRANSLATE_NOOP("QVChartClass", "This kind of sampling file cannot be read yet.");
+
+FileResult g_readInput(InputType type, const QString &path, ChartModel &model, ImportHost &host)
+{
+    switch (type) {
+    case InputType::Project:
+        return g_loadProjectFile(model, path, [&host](int m, int d) { host.progress(m, d); });
+    case InputType::ControllerCsv:
+    case InputType::ControllerLog:
+    case InputType::VisCsv:
+    case InputType::Unknown:
+        break;
+    }
+    return FileResult::failure(kMsgTypeNotSupported, false);
+}
+
+}  // namespace qv

@@ -1,0 +1,21 @@
+// How an import talks to the person running it: Yes/No questions, warnings
+// that do not stop the work, and progress. The desktop program answers with
+// message boxes and its progress dialog, the command-line tool with its
+// --yes/--no flag and stderr, the tests with scripted answers.
+#pragma once
+
+#include <QString>
+
+namespace qv {
+
+class ImportHost
+{
+public:
+    virtual ~ImportHost() = default;
+    // Only Yes proceeds.
+    virtual bool askYesNo(const QString &title, const QString &question) = 0;
+    virtual void warn(const QString &message) = 0;
+    virtual void progress(int mainValue, int detailValue) = 0;
+};
+
+}  // namespace qv

@@ -1,0 +1,47 @@
+#include "inputtype.h"
+
+#include <QFile>
+
+namespace qv {
+
+InputType g_inputTypeFromName(const QString &typeName)
+{
+    if (typeName == QLatin1String("qvj"))
+        return InputType::Project;
+    if (typeName == QLatin1String("csv"))
+        return InputType::ControllerCsv;
+    if (typeName == QLatin1String("log"))
+        return InputType::ControllerLog;
+    if (typeName == QLatin1String("vis"))
+        return InputType::VisCsv;
+    return InputType::Unknown;
+}
+
+const char *g_inputTypeName(InputType type)
+{
+    switch (type) {
+    case InputType::Project: return "qvj";
+    case InputType::ControllerCsv: return "csv";
+    case InputType::ControllerLog: return "log";
+    case InputType::VisCsv: return "vis";
+    case InputType::Unknown: break;
+    }
+    return "unknown";
+}
+
+InputType g_detectInputType(const QString &path)
+{
+    if (path.endsWith(QLatin1String(".qvj"), Qt::CaseInsensitive))
+        return InputType::Project;
+    if (path.endsWith(QLatin1String(".log"), Qt::CaseInsensitive))
+        return InputType::ControllerLog;
+    if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive)) {
+        QFile file(path);
+        if (file.open(QIODevice::ReadOnly) && file.readLine(4096).size() == 1)
+            return InputType::VisCsv;
+        return InputType::ControllerCsv;
+    }
+    return InputType::Unknown;
+}
+
+}  // namespace qv

@@ -1,0 +1,143 @@
+#include "chartmodel.h"
+
+#include <QDateTime>
+
+#include <cstdlib>
+#include <cstring>
+
+namespace qv {
+
+// Entries 6 and 9 are the same blue on purpose.
+const quint32 ChartModel::m_defaultColor[kMaxDataSets] = {
+    0xFF0088CC, 0xFFCC8800, 0xFF00AA00, 0xFF4444CC, 0xFFCC4400, 0xFF448866,
+    0xFF0000CC, 0xFFCC0000, 0xFF00CC00, 0xFF0000CC, 0xFFCC44CC, 0xFF000044,
+    0xFF664400, 0xFF004466, 0xFF440066, 0xFF440000,
+};
+
+namespace {
+
+constexpr std::size_t alignUp(std::size_t n) { return (n + 15) & ~std::size_t(15); }
+
+constexpr std::size_t kStoreBytes = alignUp(sizeof(_chartDataType));
+constexpr std::size_t kModeBytes = alignUp(sizeof(modeCodesT));
+constexpr std::size_t kBlockBytes =
+    (kMaxDataSets + 1) * kStoreBytes + 2 * kModeBytes + sizeof(modeParametersT);
+
+}  // namespace
+
+quint32 g_currentSeconds()
+{
+    return quint32(QDateTime::currentSecsSinceEpoch());
+}
+
+void g_initSettings(settingsT &s, quint32 changedTime)
+{
+    std::memset(&s, 0, sizeof s);
+    std::memcpy(s.version, "0001", 4);
+    s.changedTime = changedTime;
+    s.flags = kFlagShowTitle;
+    s.legendPosition = 3;
+    s.lineType = 1;
+    for (int i = 0; i < kMaxDataSets; ++i) {
+        s.lineFlags[i] = i < 3 ? kLineShown | kLineOwnAxis
+                       : i < 6 ? kLineShown | kLineOwnAxis | kLineAxisRight
+                               : kLineShown;
+        s.color[i] = ChartModel::m_defaultColor[i];
+        s.lineWidth[i] = 1;
+    }
+}
+
+ChartModel::ChartModel()
+{
+    // calloc hands out zero pages lazily, so an unused store costs no memory.
+    m_block = std::calloc(1, kBlockBytes);
+    if (!m_block)
+        qFatal("Quorvanta: not enough memory for the chart model");
+    auto *p = static_cast<unsigned char *>(m_block);
+    for (int i = 0; i < kMaxDataSets; ++i, p += kStoreBytes)
+        m_data[i] = reinterpret_cast<_chartDataType *>(p);
+    m_displayData = reinterpret_cast<_chartDataType *>(p);
+    p += kStoreBytes;
+    m_modeCodes = reinterpret_cast<modeCodesT *>(p);
+    p += kModeBytes;
+    m_displayModeCodes = reinterpret_cast<modeCodesT *>(p);
+    p += kModeBytes;
+    m_modeParameters = reinterpret_cast<modeParametersT *>(p);
+
+    g_initSettings(settings, g_currentSeconds());
+}
+
+ChartModel::~ChartModel()
+{
+    std::free(m_block);
+}
+
+void ChartModel::clearStores()
+{
+    for (auto *store : m_data)
+        std::memset(store, 0, sizeof(_chartDataType));
+}
+
+int ChartModel::usedDataSets() const
+{
+    return qBound(0, int(settings.dataSetCount), kMaxDataSets);
+}
+
+qint32 ChartModel::countRange() const
+{
+    const _chartDataType &d = *m_data[0];
+    const int n = qBound(0, int(d.count), kMaxSamples);
+    qint32 count = 0;
+    for (int k = 0; k < n; ++k) {
+        if (d.time[k] >= settings.rangeBegin && d.time[k] <= settings.rangeEnd)
+            ++count;
+    }
+    return count;
+}
+
+void ChartModel::activateRow(int index)
+{
+    if (index < 0 || index >= kMaxDataSets)
+        return;
+    row[index].enabled = true;
+    row[index].checked = (settings.lineFlags[index] & kLineShown) != 0;
+}
+
+void ChartModel::activateRows()
+{
+    for (int i = 0; i < usedDataSets(); ++i)
+        activateRow(i);
+}
+
+void ChartModel::showModeBox()
+{
+    modeBoxVisible = true;
+    modeBoxChecked = true;
+    settings.flags |= kFlagShowModeTrack;
+}
+
+void ChartModel::applyRowChecks()
+{
+    const int n = usedDataSets();
+    int stillShown = 0;
+    for (int i = 0; i < n; ++i) {
+        if (row[i].checked && (settings.lineFlags[i] & kLineShown))
+            ++stillShown;
+    }
+    for (int i = 0; i < n; ++i) {
+        if (row[i].checked)
+            settings.lineFlags[i] |= kLineShown;
+        else
+            settings.lineFlags[i] &= ~kLineShown;
+    }
+    if (n == 0 || stillShown == 0) {
+        row[0].checked = true;
+        settings.lineFlags[0] |= kLineShown;
+    }
+    if (modeBoxChecked)
+        settings.flags |= kFlagShowModeTrack;
+    else
+        settings.flags &= ~kFlagShowModeTrack;
+}
+
+}  // namespace qv
