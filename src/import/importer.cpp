@@ -1,5 +1,9 @@
 #include "importer.h"
 
+#include "import/csvimport.h"
+#include "import/logimport.h"
+#include "import/visimport.h"
+
 namespace qv {
 
 const char *const kMsgTypeNotSupported =
@@ -11,8 +15,11 @@ FileResult g_readInput(InputType type, const QString &path, ChartModel &model, I
     case InputType::Project:
         return g_loadProjectFile(model, path, [&host](int m, int d) { host.progress(m, d); });
     case InputType::ControllerCsv:
+        return g_importControllerCsv(path, model, host);
     case InputType::ControllerLog:
+        return g_importControllerLog(path, model, host);
     case InputType::VisCsv:
+        return g_importVisCsv(path, model, host);
     case InputType::Unknown:
         break;
     }

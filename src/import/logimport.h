@@ -1,0 +1,14 @@
+// Import of a controller binary sampling log (with its sibling logs) into a fresh model.
+#pragma once
+
+#include "import/importhost.h"
+#include "project/projectfile.h"
+
+namespace qv {
+
+// Fills the model from the file at path; questions and progress go through
+// host. On failure the result carries the message, and the model holds what
+// was read before the fault.
+FileResult g_importControllerLog(const QString &path, ChartModel &model, ImportHost &host);
+
+}  // namespace qv

@@ -1,0 +1,42 @@
+// Helpers shared by the test programs.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QTemporaryDir>
+
+namespace qvtest {
+
+// Reads a whole file; empty when it cannot be read.
+QByteArray readFile(const QString &path);
+bool writeFile(const QString &path, const QByteArray &bytes);
+
+// Big-endian 32-bit length + bytes: one byte-array item of a Qt data stream.
+QByteArray item(const QByteArray &bytes);
+QByteArray bigEndian32(quint32 value);
+
+// Describes the first difference of two byte arrays ("" when equal), so a
+// failed comparison says where the bytes part.
+QString firstDifference(const QByteArray &actual, const QByteArray &expected);
+
+// Compares doubles bit for bit and prints both on failure.
+bool sameDouble(double actual, double expected);
+
+}  // namespace qvtest
+
+#define QV_COMPARE_BYTES(actual, expected)                                              \
+    do {                                                                                \
+        const QString qvDiff_ = qvtest::firstDifference((actual), (expected));          \
+        if (!qvDiff_.isEmpty())                                                         \
+            QFAIL(qPrintable(qvDiff_));                                                 \
+    } while (false)
+
+#define QV_COMPARE_DOUBLE(actual, expected)                                             \
+    do {                                                                                \
+        const double qvA_ = (actual), qvE_ = (expected);                                \
+        if (!qvtest::sameDouble(qvA_, qvE_))                                            \
+            QFAIL(qPrintable(QStringLiteral("%1 is %2, expected %3")                    \
+                                 .arg(QStringLiteral(#actual))                          \
+                                 .arg(qvA_, 0, 'g', 17)                                 \
+                                 .arg(qvE_, 0, 'g', 17)));                              \
+    } while (false)
