@@ -29,12 +29,12 @@ constexpr quint32 kMissingMarker = 0xBAADF00Du;
 constexpr double kMissingValue = 3131961357.0;
 static_assert(kMissingValue == double(kMissingMarker), "marker and value agree");
 
-// The one test for a missing value used everywhere: truncate to an integer
-// and compare with 0xBAADF00D. Written as a range check so that no value
-// (negative, huge, NaN) can make the conversion undefined.
+// The one test for a missing value used everywhere: truncate toward zero to a
+// 64-bit integer and compare its low 32 bits with 0xBAADF00D. Values outside
+// the 64-bit range (and NaN) are never missing, so the conversion stays defined.
 constexpr bool g_isMissing(double value)
 {
-    return value >= kMissingValue && value < kMissingValue + 1.0;
+    return value > -9.2e18 && value < 9.2e18 && quint32(quint64(qint64(value))) == kMissingMarker;
 }
 
 // settingsT flags

@@ -123,30 +123,35 @@ FileResult g_writeProject(ChartModel &model, QIODevice &device, const SaveOption
 
     const int n = model.usedDataSets();
     const bool withModes = model.settings.hasModeData != 0;
-    const qint64 total = g_payloadSize(n, withModes);
 
-    DeflateWriter deflater(quint32(total), options.level);
-    if (options.progress) {
-        deflater.progress = [&](qint64 consumed) {
-            options.progress(31 + int(223 * consumed / total), 255);
-        };
-    }
-    deflater.writeItemHeader(kSettingsItem);
-    deflater.write(&model.settings, kSettingsItem);
+    // Item headers are kept alive here; the stores are compressed in place.
+    const QByteArray settingsHeader = bigEndian32(kSettingsItem);
+    const QByteArray storeHeader = bigEndian32(kStoreItem);
+    const QByteArray modeCodesHeader = bigEndian32(kModeCodesItem);
+    const QByteArray modeParametersHeader = bigEndian32(kModeParametersItem);
+    std::vector<ByteSpan> spans{{settingsHeader.constData(), 4}, {&model.settings, kSettingsItem}};
     for (int i = 0; i < n; ++i) {
-        deflater.writeItemHeader(kStoreItem);
-        deflater.write(model.data(i), kStoreItem);
+        spans.push_back({storeHeader.constData(), 4});
+        spans.push_back({model.data(i), kStoreItem});
     }
     if (withModes) {
-        deflater.writeItemHeader(kModeCodesItem);
-        deflater.write(model.modeCodes(), kModeCodesItem);
-        deflater.writeItemHeader(kModeParametersItem);
-        deflater.write(model.modeParameters(), kModeParametersItem);
+        spans.push_back({modeCodesHeader.constData(), 4});
+        spans.push_back({model.modeCodes(), kModeCodesItem});
+        spans.push_back({modeParametersHeader.constData(), 4});
+        spans.push_back({model.modeParameters(), kModeParametersItem});
     }
-    if (!deflater.finish())
-        return writeError;
+    Q_ASSERT(g_payloadSize(n, withModes) == [&] {
+        qint64 sum = 0;
+        for (const ByteSpan &s : spans)
+            sum += s.size;
+        return sum;
+    }());
 
-    const QByteArray &block = deflater.result();
+    const QByteArray block = g_compressFramed(spans, options.level, [&](qint64 consumed, qint64 total) {
+        g_report(options.progress, 31 + int(223 * consumed / qMax<qint64>(total, 1)), 255);
+    });
+    if (block.isEmpty())
+        return writeError;
     if (!writeAll(device, bigEndian32(quint32(block.size()))) || !writeAll(device, block))
         return writeError;
     g_report(options.progress, 255, 255);

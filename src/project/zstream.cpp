@@ -2,7 +2,10 @@
 
 #include <zlib.h>
 
+#include <atomic>
+#include <chrono>
 #include <cstring>
+#include <thread>
 
 namespace qv {
 
@@ -10,94 +13,185 @@ namespace {
 
 constexpr uInt kChunk = 1u << 20;  // bytes handed to zlib per call
 
-void putBigEndian32(unsigned char *p, quint32 v)
+QByteArray bigEndian32(quint32 v)
 {
-    p[0] = uchar(v >> 24);
-    p[1] = uchar(v >> 16);
-    p[2] = uchar(v >> 8);
-    p[3] = uchar(v);
+    const char b[4] = {char(v >> 24), char(v >> 16), char(v >> 8), char(v)};
+    return QByteArray(b, 4);
 }
 
 }  // namespace
 
-struct DeflateWriter::State {
-    z_stream z;
-    bool initialised = false;
+namespace {
+
+// A read-only view of the spans as one byte sequence.
+class Concatenation
+{
+public:
+    explicit Concatenation(const std::vector<ByteSpan> &spans) : m_spans(spans)
+    {
+        for (const ByteSpan &s : spans)
+            m_total += s.size;
+    }
+    qint64 total() const { return m_total; }
+
+    // Calls sink(pointer, size) for the bytes in [begin, end), in order.
+    template <typename Sink>
+    bool forEach(qint64 begin, qint64 end, Sink &&sink) const
+    {
+        qint64 offset = 0;
+        for (const ByteSpan &s : m_spans) {
+            const qint64 from = qMax(begin, offset);
+            const qint64 to = qMin(end, offset + s.size);
+            if (from < to && !sink(static_cast<const Bytef *>(s.data) + (from - offset), to - from))
+                return false;
+            offset += s.size;
+        }
+        return true;
+    }
+
+private:
+    const std::vector<ByteSpan> &m_spans;
+    qint64 m_total = 0;
 };
 
-DeflateWriter::DeflateWriter(quint32 totalSize, int level) : d(new State)
-{
-    std::memset(&d->z, 0, sizeof d->z);
-    d->initialised = deflateInit(&d->z, level) == Z_OK;
-    m_ok = d->initialised;
-    // Room for a well-compressible payload; grows when needed.
-    m_out.reserve(int(qMin<quint64>(quint64(totalSize) / 4 + 1024, 64u << 20)));
-    m_out.resize(4);
-    putBigEndian32(reinterpret_cast<unsigned char *>(m_out.data()), totalSize);
-}
+struct Part {
+    qint64 begin = 0;
+    qint64 end = 0;
+    QByteArray out;  // raw deflate data of this part
+    uLong adler = 1;
+    bool ok = false;
+};
 
-DeflateWriter::~DeflateWriter()
-{
-    if (d->initialised)
-        deflateEnd(&d->z);
-}
+constexpr qint64 kMinPartBytes = qint64(4) << 20;
+constexpr int kMaxParts = 4;  // fixed, so the bytes written never depend on the machine
+constexpr uInt kWindow = 32768;
 
-bool DeflateWriter::pump(int flush)
+bool growAndDeflate(z_stream &z, QByteArray &out, int flush)
 {
     for (;;) {
-        if (m_out.capacity() - m_out.size() < int(kChunk / 4))
-            m_out.reserve(m_out.size() + qMax(m_out.size() / 2, int(kChunk)));
-        const int before = m_out.size();
-        const int room = m_out.capacity() - before;
-        m_out.resize(m_out.capacity());
-        d->z.next_out = reinterpret_cast<Bytef *>(m_out.data() + before);
-        d->z.avail_out = uInt(room);
-        const int rc = deflate(&d->z, flush);
-        m_out.resize(before + room - int(d->z.avail_out));
+        if (out.capacity() - out.size() < int(kChunk / 4))
+            out.reserve(out.size() + qMax(out.size() / 2, int(kChunk)));
+        const int before = out.size();
+        const int room = out.capacity() - before;
+        out.resize(out.capacity());
+        z.next_out = reinterpret_cast<Bytef *>(out.data() + before);
+        z.avail_out = uInt(room);
+        const int rc = deflate(&z, flush);
+        out.resize(before + room - int(z.avail_out));
         if (rc == Z_STREAM_ERROR)
             return false;
-        if (flush == Z_FINISH) {
-            if (rc == Z_STREAM_END)
-                return true;
-            continue;
-        }
-        if (d->z.avail_in == 0 && d->z.avail_out != 0)
+        if (flush == Z_FINISH ? rc == Z_STREAM_END : (z.avail_in == 0 && z.avail_out != 0))
             return true;
     }
 }
 
-bool DeflateWriter::write(const void *bytes, qint64 size)
+void compressPart(const Concatenation &input, Part &part, bool last, int level, std::atomic<qint64> &consumed)
 {
-    const auto *p = static_cast<const Bytef *>(bytes);
-    while (m_ok && size > 0) {
-        const uInt n = uInt(qMin<qint64>(size, kChunk));
-        d->z.next_in = const_cast<Bytef *>(p);
-        d->z.avail_in = n;
-        m_ok = pump(Z_NO_FLUSH);
-        p += n;
-        size -= n;
-        m_consumed += n;
-        if (m_ok && progress)
-            progress(m_consumed);
+    z_stream z;
+    std::memset(&z, 0, sizeof z);
+    if (deflateInit2(&z, level, Z_DEFLATED, -15, 8, Z_DEFAULT_STRATEGY) != Z_OK)
+        return;
+    bool ok = true;
+    if (part.begin > 0) {
+        QByteArray dictionary;
+        input.forEach(qMax<qint64>(0, part.begin - kWindow), part.begin, [&](const Bytef *p, qint64 n) {
+            dictionary.append(reinterpret_cast<const char *>(p), int(n));
+            return true;
+        });
+        ok = deflateSetDictionary(&z, reinterpret_cast<const Bytef *>(dictionary.constData()),
+                                  uInt(dictionary.size())) == Z_OK;
     }
-    return m_ok;
+    part.out.reserve(int(qMin<qint64>((part.end - part.begin) / 4 + 1024, qint64(64) << 20)));
+    ok = ok && input.forEach(part.begin, part.end, [&](const Bytef *p, qint64 n) {
+        while (n > 0) {
+            const uInt piece = uInt(qMin<qint64>(n, kChunk));
+            part.adler = adler32(part.adler, p, piece);
+            z.next_in = const_cast<Bytef *>(p);
+            z.avail_in = piece;
+            if (!growAndDeflate(z, part.out, Z_NO_FLUSH))
+                return false;
+            consumed += piece;
+            p += piece;
+            n -= piece;
+        }
+        return true;
+    });
+    z.next_in = nullptr;
+    z.avail_in = 0;
+    // Every part but the last ends on a byte boundary without closing the stream.
+    part.ok = ok && growAndDeflate(z, part.out, last ? Z_FINISH : Z_SYNC_FLUSH);
+    deflateEnd(&z);
 }
 
-bool DeflateWriter::writeItemHeader(quint32 length)
+QByteArray zlibHeader(int level)
 {
-    unsigned char header[4];
-    putBigEndian32(header, length);
-    return write(header, 4);
+    const int flevel = level < 2 ? 0 : level < 6 ? 1 : level == 6 ? 2 : 3;
+    int header = (0x78 << 8) | (flevel << 6);
+    header += 31 - header % 31;
+    const char bytes[2] = {char(header >> 8), char(header & 0xFF)};
+    return QByteArray(bytes, 2);
 }
 
-bool DeflateWriter::finish()
+}  // namespace
+
+QByteArray g_compressFramed(const std::vector<ByteSpan> &spans, int level,
+                            const std::function<void(qint64, qint64)> &progress)
 {
-    if (!m_ok)
-        return false;
-    d->z.next_in = nullptr;
-    d->z.avail_in = 0;
-    m_ok = pump(Z_FINISH);
-    return m_ok;
+    const Concatenation input(spans);
+    const qint64 total = input.total();
+    if (total > qint64(0xFFFFFFFFu))
+        return QByteArray();
+
+    const int partCount = int(qBound<qint64>(1, total / kMinPartBytes, kMaxParts));
+    std::vector<Part> parts(static_cast<std::size_t>(partCount));
+    for (int i = 0; i < partCount; ++i) {
+        parts[std::size_t(i)].begin = total * i / partCount;
+        parts[std::size_t(i)].end = total * (i + 1) / partCount;
+    }
+
+    std::atomic<qint64> consumed{0};
+    std::atomic<int> next{0};
+    std::atomic<int> finished{0};
+    auto worker = [&] {
+        for (int i = next++; i < partCount; i = next++) {
+            compressPart(input, parts[std::size_t(i)], i == partCount - 1, level, consumed);
+            ++finished;
+        }
+    };
+    const int threads = qBound(1, int(std::thread::hardware_concurrency()), partCount);
+    std::vector<std::thread> pool;
+    for (int t = 0; t < threads; ++t)
+        pool.emplace_back(worker);
+    // This thread keeps the progress moving until the workers are done.
+    while (finished.load() < partCount) {
+        if (progress)
+            progress(consumed.load(), total);
+        std::this_thread::sleep_for(std::chrono::milliseconds(25));
+    }
+    for (std::thread &t : pool)
+        t.join();
+    if (progress)
+        progress(consumed.load(), total);
+
+    QByteArray out;
+    qint64 size = 4 + 2 + 4;
+    for (const Part &p : parts) {
+        if (!p.ok)
+            return QByteArray();
+        size += p.out.size();
+    }
+    if (size > qint64(0x7FFFFFFF) - 64)
+        return QByteArray();
+    out.reserve(int(size));
+    out += bigEndian32(quint32(total));
+    out += zlibHeader(level);
+    uLong adler = 1;
+    for (const Part &p : parts) {
+        out += p.out;
+        adler = adler32_combine(adler, p.adler, z_off_t(p.end - p.begin));
+    }
+    out += bigEndian32(quint32(adler));
+    return out;
 }
 
 struct InflateReader::State {

@@ -1,43 +1,31 @@
 // The compressed block of the project file: a 4-byte big-endian length of the
-// uncompressed data, then a zlib stream (the framing of Qt's qCompress).
-// Both directions stream in chunks, so no second copy of the payload is made
-// and the caller can report progress between chunks.
+// uncompressed data, then a zlib stream (the framing of Qt's qCompress, so
+// qUncompress reads it).
+//
+// Writing compresses the payload in a few independent parts on worker
+// threads and joins them into one zlib stream (each part starts with the
+// 32 KiB before it as its dictionary, so the ratio stays that of a single
+// stream). The caller's thread only reports progress meanwhile. Reading
+// inflates in chunks straight into the caller's records.
 #pragma once
 
 #include <QByteArray>
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace qv {
 
-class DeflateWriter
-{
-public:
-    // totalSize: the uncompressed size written into the 4-byte header.
-    DeflateWriter(quint32 totalSize, int level);
-    ~DeflateWriter();
-    DeflateWriter(const DeflateWriter &) = delete;
-    DeflateWriter &operator=(const DeflateWriter &) = delete;
-
-    // Feeds uncompressed bytes; progress is called after each chunk with the
-    // number of bytes consumed so far.
-    bool write(const void *bytes, qint64 size);
-    bool writeItemHeader(quint32 length);
-    // Ends the stream; result() then holds header + zlib stream.
-    bool finish();
-    const QByteArray &result() const { return m_out; }
-
-    std::function<void(qint64 consumed)> progress;
-
-private:
-    bool pump(int flush);
-    struct State;
-    std::unique_ptr<State> d;
-    QByteArray m_out;
-    qint64 m_consumed = 0;
-    bool m_ok = true;
+struct ByteSpan {
+    const void *data;
+    qint64 size;
 };
+
+// Compresses the concatenation of spans. progress(consumed, total) is called
+// on the calling thread while the work runs. Returns an empty array on failure.
+QByteArray g_compressFramed(const std::vector<ByteSpan> &spans, int level,
+                            const std::function<void(qint64, qint64)> &progress);
 
 class InflateReader
 {
@@ -57,7 +45,6 @@ public:
     // Inflates the rest of the stream (discarding it) and reports whether the
     // whole stream was sound.
     bool finish();
-    qint64 produced() const { return m_produced; }
 
 private:
     struct State;

@@ -109,6 +109,9 @@ void TestModel::missingValue_data()
     QTest::newRow("next integer") << 3131961358.0 << false;
     QTest::newRow("zero") << 0.0 << false;
     QTest::newRow("negative marker") << -3131961357.0 << false;
+    QTest::newRow("marker plus 2^32") << 7426928653.0 << true;
+    QTest::newRow("negative with the marker's low bits") << -1163005939.0 << true;
+    QTest::newRow("negative, truncated toward zero") << -1163005938.5 << false;
     QTest::newRow("huge") << 1e300 << false;
     QTest::newRow("nan") << std::numeric_limits<double>::quiet_NaN() << false;
     QTest::newRow("infinity") << std::numeric_limits<double>::infinity() << false;
