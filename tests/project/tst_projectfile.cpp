@@ -366,7 +366,8 @@ void TestProjectFile::loadFailures_data()
 
     const QString noProject = QStringLiteral("File is no Quorvanta project!");
     const QString damaged = QStringLiteral("Error in Quorvanta project!");
-    const QByteArray settings0 = item(rawBytes(new settingsT(settingsFor(0, false)), 2048));
+    const settingsT empty = settingsFor(0, false);
+    const QByteArray settings0 = item(rawBytes(&empty, 2048));
     const settingsT two = settingsFor(2, false);
     const settingsT modes = settingsFor(0, true);
     settingsT seventeen = settingsFor(17, false);
