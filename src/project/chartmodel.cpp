@@ -5,6 +5,10 @@
 #include <cstdlib>
 #include <cstring>
 
+#ifdef Q_OS_LINUX
+#include <sys/mman.h>
+#endif
+
 namespace qv {
 
 // Entries 6 and 9 are the same blue on purpose.
@@ -16,12 +20,45 @@ const quint32 ChartModel::m_defaultColor[kMaxDataSets] = {
 
 namespace {
 
-constexpr std::size_t alignUp(std::size_t n) { return (n + 15) & ~std::size_t(15); }
+// Every store starts on a page of its own, so that emptying it can hand its
+// pages back to the system instead of writing 4 MB of zeros.
+constexpr std::size_t kPage = 4096;
+constexpr std::size_t alignUp(std::size_t n) { return (n + kPage - 1) & ~(kPage - 1); }
 
 constexpr std::size_t kStoreBytes = alignUp(sizeof(_chartDataType));
 constexpr std::size_t kModeBytes = alignUp(sizeof(modeCodesT));
-constexpr std::size_t kBlockBytes =
-    (kMaxDataSets + 1) * kStoreBytes + 2 * kModeBytes + sizeof(modeParametersT);
+constexpr std::size_t kBlockBytes = alignUp(
+    (kMaxDataSets + 1) * kStoreBytes + 2 * kModeBytes + sizeof(modeParametersT));
+
+// A zero-filled block whose pages are only backed by memory once written.
+void *allocateZeroed()
+{
+#ifdef Q_OS_LINUX
+    void *p = mmap(nullptr, kBlockBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    return p == MAP_FAILED ? nullptr : p;
+#else
+    return std::calloc(1, kBlockBytes);
+#endif
+}
+
+void releaseBlock(void *p)
+{
+#ifdef Q_OS_LINUX
+    munmap(p, kBlockBytes);
+#else
+    std::free(p);
+#endif
+}
+
+void zeroStore(_chartDataType *store)
+{
+#ifdef Q_OS_LINUX
+    // Private anonymous pages read as zero again after this.
+    if (madvise(store, kStoreBytes, MADV_DONTNEED) == 0)
+        return;
+#endif
+    std::memset(store, 0, sizeof(_chartDataType));
+}
 
 }  // namespace
 
@@ -49,8 +86,8 @@ void g_initSettings(settingsT &s, quint32 changedTime)
 
 ChartModel::ChartModel()
 {
-    // calloc hands out zero pages lazily, so an unused store costs no memory.
-    m_block = std::calloc(1, kBlockBytes);
+    // Zero pages are handed out lazily, so an unused store costs no memory.
+    m_block = allocateZeroed();
     if (!m_block)
         qFatal("Quorvanta: not enough memory for the chart model");
     auto *p = static_cast<unsigned char *>(m_block);
@@ -69,13 +106,13 @@ ChartModel::ChartModel()
 
 ChartModel::~ChartModel()
 {
-    std::free(m_block);
+    releaseBlock(m_block);
 }
 
 void ChartModel::clearStores()
 {
     for (auto *store : m_data)
-        std::memset(store, 0, sizeof(_chartDataType));
+        zeroStore(store);
 }
 
 int ChartModel::usedDataSets() const

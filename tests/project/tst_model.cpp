@@ -94,9 +94,19 @@ void TestModel::storesStartEmpty()
 
     model->data(3)->count = 5;
     model->data(3)->value[100] = 1.5;
+    model->data(15)->value[kMaxSamples - 1] = 2.5;
+    model->displayData()->count = 9;
+    model->modeCodes()->count = 4;
     model->clearStores();
     QCOMPARE(model->data(3)->count, 0);
     QCOMPARE(model->data(3)->value[100], 0.0);
+    QCOMPARE(model->data(15)->value[kMaxSamples - 1], 0.0);
+    // Only the sample stores are emptied, not the working copies or the mode track.
+    QCOMPARE(model->displayData()->count, 9);
+    QCOMPARE(model->modeCodes()->count, 4);
+    // An emptied store can be written again.
+    model->data(3)->time[7] = 42;
+    QCOMPARE(model->data(3)->time[7], qint64(42));
 }
 
 void TestModel::missingValue_data()
