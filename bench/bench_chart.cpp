@@ -1,0 +1,152 @@
+// Chart rebuild times of a maximum project: 16 shown data sets x 262144
+// samples, 6 visible value axes, device-state bands. Prints the median and
+// the slowest of several runs for each step a click goes through.
+#include "benchutil.h"
+#include "climatesynth.h"
+
+#include "chart/reduction.h"
+#include "project/qvchartclass.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QtCharts/QChart>
+
+#include <algorithm>
+#include <ctime>
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr int kRuns = 9;
+
+// State codes that hold for a while, as a controller records them: runs of
+// 100 to 3000 samples, switching between "off" codes and the running ones.
+void synthesiseStates(qv::ChartModel &model)
+{
+    static const qint8 kStates[] = {5, 12, 3, 11, 6, 12, 2, 5};
+    modeCodesT &m = *model.modeCodes();
+    m.count = model.data(0)->count;
+    quint32 random = 12345;
+    int k = 0;
+    for (int run = 0; k < m.count; ++run) {
+        random = random * 1103515245u + 12345u;
+        const int length = 100 + int((random >> 8) % 2900);
+        for (int j = 0; j < length && k < m.count; ++j)
+            m.code[k++] = kStates[run % 8];
+    }
+    model.settings.hasModeData = 1;
+    model.showModeBox();
+}
+
+double cpuMs()
+{
+    timespec t;
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
+    return double(t.tv_sec) * 1e3 + double(t.tv_nsec) / 1e6;
+}
+
+// Wall time and processor time of this process: on a machine shared with
+// builds the processor time tells what the step itself costs.
+template <typename F>
+void report(const char *label, F &&work, int runs = kRuns)
+{
+    std::vector<double> wall, cpu;
+    for (int i = 0; i < runs; ++i) {
+        const double c0 = cpuMs();
+        wall.push_back(qvbench::seconds(work) * 1000.0);
+        cpu.push_back(cpuMs() - c0);
+    }
+    std::sort(wall.begin(), wall.end());
+    std::sort(cpu.begin(), cpu.end());
+    std::printf("  %-46s median %8.2f ms (cpu %8.2f ms)   slowest %8.2f ms\n", label, wall[wall.size() / 2],
+                cpu[cpu.size() / 2], wall.back());
+}
+
+void releaseDeferred()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+}  // namespace
+
+int main(int argc, char *argv[])
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+
+    QWidget panel;
+    auto *grid = new QGridLayout(&panel);
+    QString dir;
+    auto widget = std::make_unique<QVChartClass>(nullptr, &dir, &dir, grid);
+    widget->resize(1480, 1046);
+    qv::ChartModel &model = widget->model();
+    qv::SynthOptions synth;
+    synth.dataSets = 16;
+    synth.samples = qv::kMaxSamples;
+    synth.intervalSeconds = 60;
+    qv::g_synthesiseRecording(model, synth);
+    synthesiseStates(model);
+    for (int i = 0; i < 16; ++i) {
+        widget->enableBox[i]->setEnabled(true);
+        widget->enableBox[i]->setChecked(true);
+        QObject::connect(widget->enableBox[i], &QCheckBox::stateChanged, widget.get(), &QVChartClass::s_enableLine);
+    }
+    widget->modeBox->setChecked(true);
+
+    std::printf("maximum project: 16 shown data sets x %d samples, 6 value axes, state bands, view %dx%d\n",
+                qv::kMaxSamples, widget->width(), widget->height());
+
+    const int group = qv::g_groupSize(model.settings.rangeSampleCount, false, model.settings.lineType);
+    report("reduction of 16 data sets (core only)", [&] {
+        for (int i = 0; i < 16; ++i)
+            qv::g_reduceSamples(*model.data(i), *model.modeCodes(), model.settings.rangeBegin,
+                                model.settings.rangeEnd, group, *model.displayData(), *model.displayModeCodes());
+    });
+    report("rebuild (m_displayChart)", [&] { widget->m_displayChart(widget.get(), false); });
+    report("rebuild + release of the previous chart", [&] {
+        widget->m_displayChart(widget.get(), false);
+        releaseDeferred();
+    });
+    report("paint of the built chart (grab)", [&] { widget->grab(); });
+    report("toggle one row off and on (2 rebuilds)", [&] {
+        widget->enableBox[7]->click();
+        releaseDeferred();
+        widget->enableBox[7]->click();
+        releaseDeferred();
+    });
+    report("legend statistics (m_setMinMaxAvg)", [&] {
+        widget->m_setMinMaxAvg(widget->chart(), model.settings.rangeBegin, model.settings.rangeEnd);
+    });
+    model.settings.lineType = 2;
+    report("rebuild, spline chart", [&] {
+        widget->m_displayChart(widget.get(), false);
+        releaseDeferred();
+    });
+    report("paint, spline chart", [&] { widget->grab(); });
+    model.settings.lineType = 1;
+
+    // States that change every 128 samples (about two hours at one sample a
+    // minute): the bands get a step at nearly every drawn point, which Qt's
+    // path filling pays for with every paint.
+    modeCodesT &m = *model.modeCodes();
+    for (int k = 0; k < m.count; ++k)
+        m.code[k] = (k / 128) % 3 == 0 ? 12 : 5;
+    widget->m_displayChart(widget.get(), false);
+    releaseDeferred();
+    report("paint, state changing every 128 samples", [&] { widget->grab(); }, 1);
+    synthesiseStates(model);
+
+    QtCharts::QChartView printView;
+    printView.resize(3507 / 2, 2480 / 2);
+    report("print build (4096 points per series)", [&] {
+        widget->m_displayChart(&printView, true);
+        releaseDeferred();
+    });
+    report("print paint (grab)", [&] { printView.grab(); });
+    widget->m_displayChart(widget.get(), false);
+    releaseDeferred();
+    return 0;
+}

@@ -1,0 +1,403 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>AboutDialogClass</name>
+    <message>
+        <source>About Quorvanta</source>
+        <translation>Über Quorvanta</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+</context>
+<context>
+    <name>HelpWindowClass</name>
+    <message>
+        <source>Quorvanta Help</source>
+        <translation>Quorvanta-Hilfe</translation>
+    </message>
+    <message>
+        <source>The help pages are not installed.</source>
+        <translation>Die Hilfeseiten sind nicht installiert.</translation>
+    </message>
+</context>
+<context>
+    <name>OracleDialogClass</name>
+    <message>
+        <source>The Dew Point Oracle</source>
+        <translation>Das Taupunkt-Orakel</translation>
+    </message>
+    <message>
+        <source>The oracle has spoken:</source>
+        <translation>Das Orakel hat gesprochen:</translation>
+    </message>
+    <message>
+        <source>Thank you, Oracle</source>
+        <translation>Danke, Orakel</translation>
+    </message>
+    <message>
+        <source>The dew point never sleeps. It waits patiently for you to open the cellar window on a warm July afternoon.</source>
+        <translation>Der Taupunkt schläft nie. Er wartet geduldig, bis Sie an einem warmen Julinachmittag das Kellerfenster öffnen.</translation>
+    </message>
+    <message>
+        <source>A relative humidity of 100 % is not a high score. Please stop trying to beat it.</source>
+        <translation>Eine relative Feuchte von 100 % ist kein Highscore. Bitte versuchen Sie nicht, ihn zu überbieten.</translation>
+    </message>
+    <message>
+        <source>Warm air holds more water than cold air. So does a warm cup of coffee - keep it away from the sensor.</source>
+        <translation>Warme Luft trägt mehr Wasser als kalte. Eine warme Tasse Kaffee auch - halten Sie sie vom Sensor fern.</translation>
+    </message>
+    <message>
+        <source>All sensors agree: today is a perfect day for looking at charts.</source>
+        <translation>Alle Sensoren sind sich einig: Heute ist ein perfekter Tag, um Diagramme anzusehen.</translation>
+    </message>
+</context>
+<context>
+    <name>QVChartClass</name>
+    <message>
+        <source>Quorvanta Error</source>
+        <translation>Quorvanta-Fehler</translation>
+    </message>
+    <message>
+        <source>Error while loading additional vaporix files!</source>
+        <translation>Fehler beim Laden der zusätzlichen vaporix-Dateien!</translation>
+    </message>
+    <message>
+        <source>Importing Sampling Data...</source>
+        <translation>Aufzeichnung wird importiert...</translation>
+    </message>
+    <message>
+        <source>Save Quorvanta Project...</source>
+        <translation>Quorvanta-Projekt speichern...</translation>
+    </message>
+    <message>
+        <source>Quorvanta Projekt (*.qvj)</source>
+        <translation>Quorvanta Projekt (*.qvj)</translation>
+    </message>
+    <message>
+        <source>Chart Data...</source>
+        <translation>Diagrammdaten...</translation>
+    </message>
+    <message>
+        <source>Saving Project...</source>
+        <translation>Projekt wird gespeichert...</translation>
+    </message>
+    <message>
+        <source>Open Quorvanta Project</source>
+        <translation>Quorvanta-Projekt öffnen</translation>
+    </message>
+    <message>
+        <source>Quorvanta Project (*.qvj)</source>
+        <translation>Quorvanta Projekt (*.qvj)</translation>
+    </message>
+    <message>
+        <source>Loading project...</source>
+        <translation>Projekt wird geladen...</translation>
+    </message>
+    <message>
+        <source>File is no Quorvanta project!</source>
+        <translation>Die Datei ist kein Quorvanta-Projekt!</translation>
+    </message>
+    <message>
+        <source>Error in Quorvanta project!</source>
+        <translation>Fehler im Quorvanta-Projekt!</translation>
+    </message>
+    <message>
+        <source>Error reading file!</source>
+        <translation>Fehler beim Lesen der Datei!</translation>
+    </message>
+    <message>
+        <source>Error while writing file!</source>
+        <translation>Fehler beim Schreiben der Datei!</translation>
+    </message>
+    <message>
+        <source>Show vaporix Mode</source>
+        <translation>vaporix-Modus anzeigen</translation>
+    </message>
+    <message>
+        <source>Quorvanta</source>
+        <translation>Quorvanta</translation>
+    </message>
+    <message>
+        <source>File seems to be part of a vaporix sampling. Try to load the state and settings information too?</source>
+        <translation>Die Datei scheint Teil einer vaporix-Aufzeichnung zu sein. Sollen die Zustands- und Einstellungsdaten ebenfalls geladen werden?</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 1 !</source>
+        <translation>Fehler in CSV-Titelzeile 1 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV line 2 !
+Too many columns.</source>
+        <translation>Fehler in CSV-Zeile 2 !
+Zu viele Spalten.</translation>
+    </message>
+    <message>
+        <source>Open Ventimar Sampling File</source>
+        <translation>Ventimar-Aufzeichnung öffnen</translation>
+    </message>
+    <message>
+        <source>Ventimar Sampling (*.csv *.CSV)</source>
+        <translation>Ventimar-Aufzeichnung (*.csv *.CSV)</translation>
+    </message>
+    <message>
+        <source>CSV Ventimar Data</source>
+        <translation>Ventimar-CSV-Daten</translation>
+    </message>
+    <message>
+        <source>This kind of sampling file cannot be read yet.</source>
+        <translation>Diese Art von Aufzeichnung kann noch nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Ventimar Sampling (*.log *.LOG)</source>
+        <translation>Ventimar-Aufzeichnung (*.log *.LOG)</translation>
+    </message>
+    <message>
+        <source>Binary Ventimar Data</source>
+        <translation>Binäre Ventimar-Daten</translation>
+    </message>
+    <message>
+        <source>Open vaporix-Vis Sampling File</source>
+        <translation>vaporix-Vis-Aufzeichnung öffnen</translation>
+    </message>
+    <message>
+        <source>vaporix-Vis Sampling (*.csv *.CSV)</source>
+        <translation>vaporix-Vis-Aufzeichnung (*.csv *.CSV)</translation>
+    </message>
+    <message>
+        <source>CSV vaporix-Vis Data</source>
+        <translation>vaporix-Vis-CSV-Daten</translation>
+    </message>
+    <message>
+        <source> (min %1 / ⌀ %2 / max %3 %4)</source>
+        <translation> (min %1 / ⌀ %2 / max %3 %4)</translation>
+    </message>
+    <message>
+        <source> (%1 / %2 / %3 %4)</source>
+        <translation> (%1 / %2 / %3 %4)</translation>
+    </message>
+</context>
+<context>
+    <name>QVUpdateClass</name>
+    <message>
+        <source>Check for Updates</source>
+        <translation>Nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Installed version: %1</source>
+        <translation>Installierte Version: %1</translation>
+    </message>
+    <message>
+        <source>No update server is configured in this version.</source>
+        <translation>In dieser Version ist kein Update-Server eingerichtet.</translation>
+    </message>
+</context>
+<context>
+    <name>Quorvanta</name>
+    <message>
+        <source>Merovin Quorvanta [*]</source>
+        <translation>Merovin Quorvanta [*]</translation>
+    </message>
+    <message>
+        <source>Choose Data</source>
+        <translation>Daten auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Project</source>
+        <translation>&amp;Projekt</translation>
+    </message>
+    <message>
+        <source>&amp;Recent Projects</source>
+        <translation>&amp;Zuletzt geöffnete Projekte</translation>
+    </message>
+    <message>
+        <source>&amp;Data</source>
+        <translation>&amp;Daten</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>&amp;Optionen</translation>
+    </message>
+    <message>
+        <source>Set Language</source>
+        <translation>Sprache wählen</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Toolbar Project</source>
+        <translation>Werkzeugleiste Projekt</translation>
+    </message>
+    <message>
+        <source>Toolbar Data</source>
+        <translation>Werkzeugleiste Daten</translation>
+    </message>
+    <message>
+        <source>Toolbar View</source>
+        <translation>Werkzeugleiste Ansicht</translation>
+    </message>
+    <message>
+        <source>Toolbar Help</source>
+        <translation>Werkzeugleiste Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;New Project</source>
+        <translation>&amp;Neues Projekt</translation>
+    </message>
+    <message>
+        <source>&amp;Open Project</source>
+        <translation>Projekt ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Save Project</source>
+        <translation>Projekt &amp;speichern</translation>
+    </message>
+    <message>
+        <source>Save Project &amp;As</source>
+        <translation>Projekt speichern &amp;unter</translation>
+    </message>
+    <message>
+        <source>Save Project As</source>
+        <translation>Projekt speichern unter</translation>
+    </message>
+    <message>
+        <source>&amp;Close Project</source>
+        <translation>Projekt s&amp;chließen</translation>
+    </message>
+    <message>
+        <source>&amp;Print Chart</source>
+        <translation>Diagramm &amp;drucken</translation>
+    </message>
+    <message>
+        <source>Export PDF</source>
+        <translation>PDF exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Exit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Chart Settings</source>
+        <translation>Diagrammeinstellungen</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>Deutsch</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>Auto Save Project</source>
+        <translation>Projekt automatisch speichern</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>Ü&amp;ber</translation>
+    </message>
+    <message>
+        <source>Check for Updates</source>
+        <translation>Nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Auto Version Check</source>
+        <translation>Automatische Versionsprüfung</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Zoom 100%</source>
+        <translation>Zoom 100%</translation>
+    </message>
+    <message>
+        <source>Zoom Width</source>
+        <translation>Zoom Breite</translation>
+    </message>
+    <message>
+        <source>Zoom Height</source>
+        <translation>Zoom Höhe</translation>
+    </message>
+</context>
+<context>
+    <name>QuorvantaClass</name>
+    <message>
+        <source>Quorvanta [*]</source>
+        <translation>Quorvanta [*]</translation>
+    </message>
+    <message>
+        <source>Quorvanta - Noname [*]</source>
+        <translation>Quorvanta - Unbenannt [*]</translation>
+    </message>
+    <message>
+        <source>Quorvanta - </source>
+        <translation>Quorvanta - </translation>
+    </message>
+    <message>
+        <source>Quorvanta Update</source>
+        <translation>Quorvanta-Update</translation>
+    </message>
+    <message>
+        <source>A new version is available - Start update?</source>
+        <translation>Eine neue Version ist verfügbar - Update starten?</translation>
+    </message>
+    <message>
+        <source>Save Project</source>
+        <translation>Projekt speichern</translation>
+    </message>
+    <message>
+        <source>Save changes before closing the project?</source>
+        <translation>Änderungen vor dem Schließen des Projekts speichern?</translation>
+    </message>
+</context>
+<context>
+    <name>importDialog</name>
+    <message>
+        <source>Import Data...</source>
+        <translation>Daten importieren...</translation>
+    </message>
+    <message>
+        <source>Import Ventimar Sampling</source>
+        <translation>Ventimar-Aufzeichnung
+importieren</translation>
+    </message>
+    <message>
+        <source>Import Ventimar CSV</source>
+        <translation>Ventimar-CSV importieren</translation>
+    </message>
+    <message>
+        <source>Import vaporix-VIS Sampling</source>
+        <translation>vaporix-VIS-Aufzeichnung
+importieren</translation>
+    </message>
+</context>
+<context>
+    <name>progressDialog</name>
+    <message>
+        <source>Please Wait...</source>
+        <translation>Bitte warten...</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Detail</source>
+        <translation>Detail</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,21 @@
+#include "app/appexit.h"
+#include "app/commandline.h"
+#include "app/quorvantaclass.h"
+
+#include <QApplication>
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    const QString project = qv::g_projectArgument(argc, argv);
+
+    QuorvantaClass window(QCoreApplication::applicationDirPath());
+    if (!project.isEmpty())
+        window.s_openProject(project);
+    app.setQuitOnLastWindowClosed(true);
+    window.m_checkUpdate();
+    QApplication::exec();
+
+    qv::g_runAfterExit(appVal, QCoreApplication::applicationDirPath(), window.m_settingsDir());
+    return 0;
+}

@@ -1,0 +1,152 @@
+// Language, automatic saving, help, about and updates.
+#include "app/quorvantaclass.h"
+
+#include "app/appexit.h"
+#include "app/dialogseam.h"
+#include "help/helpwindowclass.h"
+#include "project/qvchartclass.h"
+#include "ui_quorvanta.h"
+#include "update/qvupdateclass.h"
+#include "update/webupdateclass.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QTimer>
+#include <QTranslator>
+
+namespace {
+
+constexpr int kAutoSaveIntervalMs = 10000;
+constexpr int kAutoSaveTicks = 90;  // 15 minutes of modified project
+
+}  // namespace
+
+void QuorvantaClass::m_removeTranslators()
+{
+    QCoreApplication::removeTranslator(appTranslator);
+    QCoreApplication::removeTranslator(qtTranslator);
+}
+
+void QuorvantaClass::s_deutsch()
+{
+    if (language == 1)
+        return;
+    language = 1;
+    m_removeTranslators();
+    // A catalogue that is missing is simply not installed.
+    if (appTranslator->load(QStringLiteral(":/new/prefix1/resources/Quorvanta_de.qm")))
+        QCoreApplication::installTranslator(appTranslator);
+    if (qtTranslator->load(QStringLiteral(":/new/prefix1/resources/qtbase_de.qm")))
+        QCoreApplication::installTranslator(qtTranslator);
+    m_retranslate();
+}
+
+void QuorvantaClass::s_english()
+{
+    if (language == 0)
+        return;
+    language = 0;
+    m_removeTranslators();
+    m_retranslate();
+}
+
+void QuorvantaClass::m_retranslate()
+{
+    ui->retranslateUi(this);
+    // The form's texts include the window title: put the project's back.
+    m_setTitle(titleKind, titlePath);
+}
+
+void QuorvantaClass::s_autoSave(bool on)
+{
+    if (on && !autoSaveTimer) {
+        autoSaveTimer = new QTimer(this);
+        connect(autoSaveTimer, &QTimer::timeout, this, &QuorvantaClass::s_doAutoSave);
+        autoSaveTimer->start(kAutoSaveIntervalMs);
+    } else if (!on && autoSaveTimer) {
+        autoSaveTimer->stop();
+        delete autoSaveTimer;
+        autoSaveTimer = nullptr;
+    }
+}
+
+void QuorvantaClass::s_doAutoSave()
+{
+    if (!chart || QApplication::activeModalWidget())
+        return;  // nothing to save, or a load, save or dialog is running
+    if (!isWindowModified()) {
+        autoSaveTicks = 0;
+        return;
+    }
+    if (autoSaveTicks++ < kAutoSaveTicks - 1)
+        return;
+    if (!chart->rect().contains(chart->mapFromGlobal(QCursor::pos())))
+        return;  // keep counting until the pointer is over the chart
+    // Only titles ending in ".qvx [*]" are saved automatically; project
+    // files end in ".qvj", so ordinary projects are left alone.
+    if (windowTitle().right(8) == QLatin1String(".qvx [*]"))
+        chart->s_saveProject();
+    autoSaveTicks = 0;
+}
+
+void QuorvantaClass::s_help(QWidget *parent, QString *hName)
+{
+    Q_UNUSED(parent)
+    const QString page = (hName && !hName->isEmpty()) ? *hName : QStringLiteral("index.html");
+    if (!helpWindow) {
+        helpWindow = new HelpWindowClass(appDir, page, language);
+        connect(helpWindow, &HelpWindowClass::m_closed, this, &QuorvantaClass::s_helpClosed);
+        helpWindow->restoreGeometry(helpPos);
+        helpWindow->restoreState(helpState);
+        helpWindow->show();
+    } else {
+        helpWindow->m_setPage(page);
+    }
+    if (helpWindow->isMinimized())
+        helpWindow->showNormal();
+    helpWindow->raise();
+    helpWindow->activateWindow();
+}
+
+void QuorvantaClass::s_helpClosed(QByteArray *pos, QByteArray *state)
+{
+    if (pos)
+        helpPos = *pos;
+    if (state)
+        helpState = *state;
+    if (helpWindow)
+        helpWindow->deleteLater();
+    helpWindow = nullptr;
+}
+
+void QuorvantaClass::m_checkUpdate()
+{
+    if (!ui->actionAutoUpdate->isChecked())
+        return;
+    webUpdate = new WebUpdateClass(QString::fromLatin1(kVersion), this);
+    connect(webUpdate, &WebUpdateClass::m_webUpdateReady, this, &QuorvantaClass::s_webUpdateReady);
+}
+
+void QuorvantaClass::s_webUpdateReady(int found)
+{
+    // The answer may arrive while a project loads or saves: ask afterwards.
+    if (QApplication::activeModalWidget()) {
+        QTimer::singleShot(1000, this, [this, found] { s_webUpdateReady(found); });
+        return;
+    }
+    if (webUpdate)
+        webUpdate->deleteLater();
+    webUpdate = nullptr;
+    if (found && qv::g_question(this, tr("Quorvanta Update"), tr("A new version is available - Start update?"),
+                                QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes)
+        s_update();
+}
+
+void QuorvantaClass::s_update()
+{
+    QVUpdateClass dialog(QString::fromLatin1(kVersion), settingsDir, this);
+    if (qv::g_execDialog(dialog) == QDialog::Accepted) {
+        appVal = qv::kStartUpdater;
+        close();
+    }
+}

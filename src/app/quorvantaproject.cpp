@@ -1,0 +1,132 @@
+// Project lifecycle of the main window: new, open, recent, close.
+#include "app/quorvantaclass.h"
+
+#include "app/dialogseam.h"
+#include "app/recentfiles.h"
+#include "import/importdialogclass.h"
+#include "project/qvchartclass.h"
+#include "ui_quorvanta.h"
+
+#include <QActionGroup>
+#include <QIcon>
+
+void QuorvantaClass::s_newProject(bool open)
+{
+    if (!s_closeProject())
+        return;
+    m_setTitle(TitleKind::Noname);
+    setWindowModified(true);
+    chart = new QVChartClass(this, &projectDir, &importDir, ui->gridRows);
+    m_connectChart();
+
+    if (!open) {
+        int type = ImportDialogClass::kNone;
+        {
+            ImportDialogClass dialog(this);
+            qv::g_execDialog(dialog);
+            type = dialog.m_getType();
+        }
+        bool imported = false;
+        switch (type) {
+        case ImportDialogClass::kControllerCsv:
+            imported = chart->m_importCSV();
+            break;
+        case ImportDialogClass::kVisCsv:
+            imported = chart->m_importVap();
+            break;
+        case ImportDialogClass::kControllerLog:
+            imported = chart->m_importDAT();
+            break;
+        default:
+            break;
+        }
+        if (!imported) {
+            setWindowModified(false);
+            s_closeProject();
+            return;
+        }
+    }
+    ui->scrollArea->setWidget(chart);
+    m_enableProjectActions(true);
+    s_resizeDisplay();
+}
+
+void QuorvantaClass::s_openProject(QString pFile)
+{
+    if (!s_closeProject())
+        return;
+    s_newProject(true);
+    if (!chart)
+        return;
+    if (!chart->m_openProject(&pFile)) {
+        setWindowModified(false);
+        s_closeProject();
+        return;
+    }
+    s_resizeDisplay();
+}
+
+void QuorvantaClass::s_openRecentFile(QAction *action)
+{
+    if (action)
+        s_openProject(action->text());
+}
+
+bool QuorvantaClass::s_closeProject()
+{
+    if (!chart)
+        return true;
+    if (isWindowModified()) {
+        const QMessageBox::StandardButton answer =
+            qv::g_question(this, tr("Save Project"), tr("Save changes before closing the project?"),
+                           QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        if (answer != QMessageBox::Yes && answer != QMessageBox::No)
+            return false;
+        if (answer == QMessageBox::Yes && !chart->s_saveProject())
+            return false;
+    }
+    importDir = *chart->m_getImportDir();
+    if (ui->scrollArea->widget() == chart)
+        ui->scrollArea->takeWidget();
+    chart->disconnect();
+    delete chart;
+    chart = nullptr;
+    m_enableProjectActions(false);
+    m_setTitle(TitleKind::NoProject);
+    setWindowModified(false);
+    return true;
+}
+
+void QuorvantaClass::s_projectFileChanged(QString *file, QString *dir)
+{
+    m_setTitle(TitleKind::File, *file);
+    qv::g_addRecentFile(recentFiles, *file);
+    m_syncRecentActions();
+    setWindowModified(false);
+    projectDir = *dir;
+}
+
+void QuorvantaClass::s_projectChanged()
+{
+    setWindowModified(true);
+}
+
+// One action per recent path, in list order, in the menu and the group.
+void QuorvantaClass::m_syncRecentActions()
+{
+    QList<QAction *> actions = recentGroup->actions();
+    while (actions.size() > recentFiles.size()) {
+        QAction *surplus = actions.takeLast();
+        recentGroup->removeAction(surplus);
+        delete surplus;
+    }
+    const QIcon icon(QStringLiteral(":/new/prefix1/resources/open.png"));
+    while (actions.size() < recentFiles.size()) {
+        QAction *action = new QAction(icon, QString(), this);
+        recentGroup->addAction(action);
+        ui->menuRecent->addAction(action);
+        actions.append(action);
+    }
+    for (int i = 0; i < recentFiles.size(); ++i)
+        actions.at(i)->setText(recentFiles.at(i));
+}

@@ -1,0 +1,73 @@
+// The user's settings store: read at start, written when the window closes.
+#include "app/quorvantaclass.h"
+
+#include "app/recentfiles.h"
+#include "ui_quorvanta.h"
+
+#include <QActionGroup>
+#include <QFileInfo>
+#include <QSettings>
+
+#include <memory>
+
+namespace {
+
+// The INI store in the user's scope.
+std::unique_ptr<QSettings> openSettings()
+{
+    return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Merovin GmbH"),
+                                       QStringLiteral("Quorvanta"));
+}
+
+}  // namespace
+
+QString QuorvantaClass::m_getSettingsDir() const
+{
+    return QFileInfo(openSettings()->fileName()).absolutePath();
+}
+
+void QuorvantaClass::m_readSettings()
+{
+    const std::unique_ptr<QSettings> store = openSettings();
+    QSettings &s = *store;
+    settingsDir = m_getSettingsDir();
+    s.value(QStringLiteral("Version"), kVersionNumber).toInt();  // read, not used
+    restoreGeometry(s.value(QStringLiteral("AppPos"), saveGeometry()).toByteArray());
+    restoreState(s.value(QStringLiteral("AppState"), saveState()).toByteArray());
+    helpPos = s.value(QStringLiteral("HelpPos"), QByteArray()).toByteArray();
+    helpState = s.value(QStringLiteral("HelpState"), QByteArray()).toByteArray();
+    recentFiles = s.value(QStringLiteral("RecentFiles"), QStringList()).toStringList().mid(0, qv::kMaxRecentFiles);
+    language = s.value(QStringLiteral("Language"), 1u).toUInt();
+    projectDir = s.value(QStringLiteral("ProjectDir"), projectDir).toString();
+    importDir = s.value(QStringLiteral("ImportDir"), importDir).toString();
+
+    m_syncRecentActions();
+    connect(recentGroup, &QActionGroup::triggered, this, &QuorvantaClass::s_openRecentFile);
+
+    // The options are ticked before their actions are connected: a stored
+    // "AutoSave" shows its tick but starts no timer until toggled again.
+    ui->actionAutoUpdate->setChecked(s.value(QStringLiteral("Update"), false).toBool());
+    ui->actionAutoSave->setChecked(s.value(QStringLiteral("AutoSave"), false).toBool());
+
+    if (language == 1) {
+        language = 255;
+        s_deutsch();
+    }
+}
+
+void QuorvantaClass::m_saveSettings()
+{
+    const std::unique_ptr<QSettings> store = openSettings();
+    QSettings &s = *store;
+    s.setValue(QStringLiteral("Version"), kVersionNumber);
+    s.setValue(QStringLiteral("AppPos"), saveGeometry());
+    s.setValue(QStringLiteral("AppState"), saveState());
+    s.setValue(QStringLiteral("HelpPos"), helpPos);
+    s.setValue(QStringLiteral("HelpState"), helpState);
+    s.setValue(QStringLiteral("RecentFiles"), recentFiles);
+    s.setValue(QStringLiteral("Language"), language);
+    s.setValue(QStringLiteral("Update"), ui->actionAutoUpdate->isChecked());
+    s.setValue(QStringLiteral("AutoSave"), ui->actionAutoSave->isChecked());
+    s.setValue(QStringLiteral("ProjectDir"), projectDir);
+    s.setValue(QStringLiteral("ImportDir"), importDir);
+}

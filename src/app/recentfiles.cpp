@@ -1,0 +1,20 @@
+#include "app/recentfiles.h"
+
+namespace qv {
+
+void g_addRecentFile(QStringList &recentFiles, const QString &path)
+{
+    recentFiles.removeAll(path);
+    while (recentFiles.size() >= kMaxRecentFiles)
+        recentFiles.removeLast();
+    recentFiles.prepend(path);
+}
+
+QString g_titlePath(const QString &path)
+{
+    if (path.size() < 81)
+        return path;
+    return QStringLiteral("...") + path.right(75);
+}
+
+}  // namespace qv

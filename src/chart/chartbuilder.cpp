@@ -1,0 +1,165 @@
+#include "chart/chartbuilder.h"
+
+#include "chart/chartaxes.h"
+#include "chart/chartplan.h"
+#include "chart/reduction.h"
+#include "chart/stateband.h"
+#include "chart/statistics.h"
+#include "project/fixedstring.h"
+
+#include <QCoreApplication>
+#include <QtCharts/QAreaSeries>
+#include <QtCharts/QChart>
+#include <QtCharts/QChartView>
+#include <QtCharts/QLegend>
+#include <QtCharts/QLegendMarker>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QSplineSeries>
+
+using namespace QtCharts;
+
+namespace qv {
+
+namespace {
+
+QFont resized(QFont font, int pointSize)
+{
+    font.setPointSize(pointSize);
+    return font;
+}
+
+void styleChart(QChart *chart, const settingsT &s, const FontSizes &sizes)
+{
+    QLegend *legend = chart->legend();
+    legend->setFont(resized(legend->font(), sizes.legend));
+    chart->setTitleFont(resized(chart->titleFont(), sizes.title));
+    Qt::Alignment alignment;
+    if (g_legendAlignment(s.legendPosition, alignment))
+        legend->setAlignment(alignment);
+    else
+        legend->hide();
+    if (s.flags & kFlagShowTitle)
+        chart->setTitle(g_buffer2QString(s.description, kDescriptionWidth));
+}
+
+QAreaSeries *addBandArea(QChart *chart, QLineSeries *line, quint32 argb)
+{
+    auto *area = new QAreaSeries(line);
+    chart->addSeries(area);
+    // After adding, so that the theme does not paint over the band colours.
+    const QColor colour = QColor::fromRgba(argb);
+    area->setBrush(QBrush(colour, Qt::SolidPattern));
+    // The border has the fill colour, so it is never stroked: stroking an
+    // outline of thousands of full-height steps costs seconds per paint and
+    // adds nothing that can be seen.
+    QPen border(colour);
+    border.setStyle(Qt::NoPen);
+    area->setPen(border);
+    for (QLegendMarker *marker : chart->legend()->markers(area))
+        marker->setVisible(false);
+    return area;
+}
+
+}  // namespace
+
+ChartBuild g_buildChart(ChartModel &model, int viewWidth, bool forPrint)
+{
+    ChartBuild build;
+    if (g_checkChartData(model) != ChartCheck::Drawable)
+        return build;
+
+    const settingsT &s = model.settings;
+    const bool bands = g_showsStateBands(s);
+    const FontSizes sizes = g_fontSizes(viewWidth);
+    auto *chart = new QChart;
+    build.chart = chart;
+    styleChart(chart, s, sizes);
+
+    const int group = g_groupSize(s.rangeSampleCount, forPrint, s.lineType);
+    QVector<int> shownSets;
+    QVector<QAbstractSeries *> timeSeries;  // series on the time axis
+    QVector<QAbstractSeries *> bandAreas;
+    QVector<QPointF> points;
+    StateBands bandLines;
+    const int dataSets = model.usedDataSets();
+    for (int i = 0; i < dataSets; ++i) {
+        if (!(s.lineFlags[i] & kLineShown))
+            continue;
+        QXYSeries *series = s.lineType == kLineTypeStraight ? static_cast<QXYSeries *>(new QLineSeries)
+                                                            : static_cast<QXYSeries *>(new QSplineSeries);
+        series->setName(g_provisionalSeriesName(s, i));
+        g_reduceSamples(*model.data(i), *model.modeCodes(), s.rangeBegin, s.rangeEnd, group, *model.displayData(),
+                        *model.displayModeCodes());
+        g_drawnPoints(*model.displayData(), points);
+        series->replace(points);
+
+        const bool lead = build.dataSeries.isEmpty();
+        if (lead && bands) {
+            g_buildStateBands(*model.displayData(), *model.displayModeCodes(), bandLines);
+            build.upperBand = new QLineSeries;
+            build.upperBand->replace(bandLines.upper);
+            build.lowerBand = new QLineSeries;
+            build.lowerBand->replace(bandLines.lower);
+            // Red (below the lower line) first, then green (below the upper line).
+            bandAreas << addBandArea(chart, build.lowerBand, kRedBandColor)
+                      << addBandArea(chart, build.upperBand, kGreenBandColor);
+        }
+        chart->addSeries(series);
+        QPen pen = series->pen();
+        pen.setWidth(g_penWidth(s.lineWidth[i], forPrint));
+        pen.setColor(QColor::fromRgba(s.color[i]));
+        series->setPen(pen);
+        if (lead)
+            timeSeries << series << bandAreas;
+        build.dataSeries << series;
+        shownSets << i;
+    }
+
+    AxisStyle style;
+    style.fontSize = sizes.axis;
+    style.forPrint = forPrint;
+    g_addTimeAxis(chart, timeSeries, style);
+    g_addValueAxes(chart, s, shownSets, build.dataSeries, style);
+    if (!bandAreas.isEmpty())
+        g_addBandAxis(chart, bandAreas, style);
+    return build;
+}
+
+void g_installChart(QChartView *view, QChart *chart)
+{
+    QChart *previous = view->chart();
+    view->setChart(chart);
+    if (previous && previous != chart)
+        previous->deleteLater();
+    view->setRenderHint(QPainter::Antialiasing, true);
+}
+
+bool g_restoreZoom(QChart *chart, QXYSeries *lead, const settingsT &s)
+{
+    if (s.viewBegin == s.rangeBegin && s.viewEnd == s.rangeEnd)
+        return false;
+    // 128.0 is any value: only the x positions matter.
+    QRectF area = chart->plotArea();
+    const QPointF left = chart->mapToPosition(QPointF(double(s.viewBegin), 128.0), lead);
+    const QPointF right = chart->mapToPosition(QPointF(double(s.viewEnd), 128.0), lead);
+    area.setLeft(left.x());
+    area.setWidth(right.x() - left.x());
+    chart->zoomIn(area);
+    return true;
+}
+
+void g_applySeriesStatistics(QChart *chart, const ChartModel &model, qint64 from, qint64 to)
+{
+    if (!chart)
+        return;
+    const QVector<SeriesName> names =
+        g_seriesNames(model, from, to, QCoreApplication::translate("QVChartClass", kLongStatisticsText),
+                      QCoreApplication::translate("QVChartClass", kShortStatisticsText));
+    const QList<QAbstractSeries *> series = chart->series();
+    for (const SeriesName &entry : names) {
+        if (entry.seriesIndex >= 0 && entry.seriesIndex < series.size())
+            series[entry.seriesIndex]->setName(entry.name);
+    }
+}
+
+}  // namespace qv

@@ -1,0 +1,46 @@
+#include "project/qvchartclass.h"
+
+#include "chart/chartbuilder.h"
+#include "chart/chartplan.h"
+
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QXYSeries>
+
+// Draws the chart of the loaded project into a chart view: this widget, or a
+// print view (thicker lines, more points, no hover). The chart is always
+// built anew; a model that cannot be drawn leaves the previous chart alone.
+void QVChartClass::m_displayChart(QtCharts::QChartView *view, bool forPrint)
+{
+    if (!view || qv::g_checkChartData(model()) != qv::ChartCheck::Drawable)
+        return;
+
+    // The band lines belong to no chart; release those of the last build.
+    if (modeSeries)
+        modeSeries->deleteLater();
+    if (modeSeries2)
+        modeSeries2->deleteLater();
+    modeSeries = nullptr;
+    modeSeries2 = nullptr;
+
+    const qv::ChartBuild build = qv::g_buildChart(model(), view->width(), forPrint);
+    // Owned by the widget from now on, so the last pair goes with it.
+    modeSeries = build.upperBand;
+    modeSeries2 = build.lowerBand;
+    if (modeSeries)
+        modeSeries->setParent(this);
+    if (modeSeries2)
+        modeSeries2->setParent(this);
+    QtCharts::QChart *chart = build.chart;
+
+    if (!forPrint) {
+        chart->setAcceptHoverEvents(true);
+        for (QtCharts::QXYSeries *series : build.dataSeries)
+            connect(series, &QtCharts::QXYSeries::hovered, this, &QVChartClass::s_tooltip);
+    }
+    // The legend gets its statistics of the visible window (the zoom window,
+    // which equals the selected range when not zoomed) before the view lays
+    // the chart out, so that the layout runs once and not again for the names.
+    m_setMinMaxAvg(chart, settings.viewBegin, settings.viewEnd);
+    qv::g_installChart(view, chart);
+    qv::g_restoreZoom(chart, build.dataSeries.first(), settings);
+}

@@ -1,0 +1,10 @@
+#include "project/qvchartclass.h"
+
+#include "chart/chartbuilder.h"
+
+// Every legend entry carries min, average and max of its data set over the
+// visible window; runs after every build and every zoom or pan step.
+void QVChartClass::m_setMinMaxAvg(QtCharts::QChart *chart, qint64 from, qint64 to)
+{
+    qv::g_applySeriesStatistics(chart, model(), from, to);
+}

@@ -1,0 +1,4 @@
+# Help window.
+target_sources(quorvanta_widgets PRIVATE
+  help/helpwindowclass.h
+  help/helpwindowclass.cpp)

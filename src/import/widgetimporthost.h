@@ -1,0 +1,30 @@
+// The desktop program's answers to an import: message boxes and the progress dialog.
+#pragma once
+
+#include "import/importhost.h"
+
+class QWidget;
+
+namespace qv {
+
+class ProgressSession;
+
+// Translates a text that the core gave in English, in the chart's context.
+QString g_chartText(const char *source);
+QString g_chartText(const QString &source);
+
+class WidgetImportHost : public ImportHost
+{
+public:
+    WidgetImportHost(QWidget *parent, ProgressSession &progress);
+
+    bool askYesNo(const QString &title, const QString &question) override;
+    void warn(const QString &message) override;
+    void progress(int mainValue, int detailValue) override;
+
+private:
+    QWidget *m_parent;
+    ProgressSession &m_progress;
+};
+
+}  // namespace qv

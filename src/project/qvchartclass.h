@@ -1,0 +1,127 @@
+// The chart widget: the document of one open project. It owns the model
+// (settings record, sample stores, device-mode track), the row controls in
+// the main window's data set panel, and the file, import and display code.
+#pragma once
+
+#include "project/chartmodel.h"
+
+#include <QByteArray>
+#include <QPointF>
+#include <QString>
+#include <QtCharts/QChartView>
+
+#include <memory>
+
+class QCheckBox;
+class QDialog;
+class QFile;
+class QGridLayout;
+class QLabel;
+class QPrinter;
+class QToolButton;
+
+namespace QtCharts {
+class QLineSeries;
+}
+
+namespace qv {
+struct FileResult;
+struct ImportKind;
+}
+
+class QVChartClass : public QtCharts::QChartView
+{
+    Q_OBJECT
+
+public:
+    // The view is created without a parent; the main window puts it into its
+    // scroll area. The row controls go into rowGrid (rows 0..17).
+    QVChartClass(QWidget *mainWindow, QString *projectDir, QString *importDir, QGridLayout *rowGrid);
+    ~QVChartClass() override;
+
+    QString *m_getImportDir() { return &importDir; }
+    void m_setProjectFile(QString &file, QString &dir);
+
+    // Loads a project; asks for a file when file is null or empty.
+    bool m_openProject(QString *file);
+
+    // New project from a sampling file; each asks for the file first.
+    bool m_importCSV();
+    bool m_importDAT();
+    bool m_importVap();
+
+    // Builds the chart of the model into view (this widget, or a print view).
+    void m_displayChart(QtCharts::QChartView *view, bool forPrint);
+    // Writes min/avg/max of the window from..to into the legend entries.
+    void m_setMinMaxAvg(QtCharts::QChart *chart, qint64 from, qint64 to);
+
+    // Common error exits: close the given files, show the message, release
+    // the progress dialog, restore the cursor. Both return 0.
+    int m_returnError(QFile *file, QDialog *progress, const QString &message);
+    int m_returnExtError(QFile *file1, QFile *file2, QFile *file3, QDialog *progress);
+
+    qv::ChartModel &model() { return *m_model; }
+    const qv::ChartModel &model() const { return *m_model; }
+    const QString &m_getProjectFile() const { return projectFile; }
+    const QString &m_getProjectDir() const { return projectDir; }
+
+    const QByteArray projectHeader13;
+    const QByteArray projectHeader14;
+    const QByteArray sampleFileHeader;
+
+    QWidget *mainWindow;
+    QCheckBox *enableBox[qv::kMaxDataSets];
+    QToolButton *setupButton[qv::kMaxDataSets];
+    QCheckBox *modeBox;
+    QLabel *infoLabel;
+    QtCharts::QLineSeries *modeSeries = nullptr;
+    QtCharts::QLineSeries *modeSeries2 = nullptr;
+
+private:
+    QString projectDir;
+    QString projectFile;
+    QString importDir;
+    std::unique_ptr<qv::ChartModel> m_model;
+
+public:
+    // The model's settings record, shared by the file, import and chart code.
+    settingsT &settings;
+
+signals:
+    void m_enableSettings(bool enable);
+    void m_projectFileChanged(QString *file, QString *dir);
+    void m_projectChanged();
+    void m_showHelp(QWidget *parent, QString *page);
+
+public slots:
+    bool s_saveProject();
+    bool s_saveProjectAs();
+    void s_projectChanged();
+    void s_exportPDF();
+    void s_print();
+    void s_formatChart();
+    void s_chooseData();
+    void s_printDocument(QPrinter *printer);
+    void s_showHelp(QWidget *parent, QString *page);
+    void s_tooltip(QPointF point, bool state);
+    void s_enableLine();
+    void s_setupLine();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    // The import routine shared by the three kinds: file dialog, progress,
+    // core reader, rows, chart, import directory.
+    bool m_runImport(const qv::ImportKind &kind);
+
+private:
+    // Shows the rows as the model's row states say (ticks before connecting,
+    // so that no redraw runs per row), then connects them.
+    void m_showRows();
+    // Shows why a load or import failed and releases what it held; false.
+    bool m_fail(const qv::FileResult &result, QDialog *progress);
+    void m_setWaitCursor();
+    void m_restoreCursor();
+    void m_retranslate();
+
+    bool waitCursorSet = false;
+};

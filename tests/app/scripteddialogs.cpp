@@ -1,0 +1,55 @@
+#include "app/scripteddialogs.h"
+
+#include <QDialog>
+
+namespace qvtest {
+
+ScriptedDialogs::ScriptedDialogs()
+{
+    qv::g_setDialogHook(this);
+}
+
+ScriptedDialogs::~ScriptedDialogs()
+{
+    qv::g_setDialogHook(nullptr);
+}
+
+QStringList ScriptedDialogs::messageTexts() const
+{
+    QStringList texts;
+    for (const qv::MessageRecord &m : messages)
+        texts << m.text;
+    return texts;
+}
+
+QMessageBox::StandardButton ScriptedDialogs::message(const qv::MessageRecord &record)
+{
+    messages << record;
+    if (onMessage)
+        onMessage(record);
+    if (!answers.isEmpty())
+        return answers.takeFirst();
+    for (int bit = 0; bit < 32; ++bit) {
+        const auto button = QMessageBox::StandardButton(1u << bit);
+        if (record.buttons.testFlag(button))
+            return button;
+    }
+    return QMessageBox::NoButton;
+}
+
+QString ScriptedDialogs::fileName(const qv::FileDialogRecord &record)
+{
+    fileDialogs << record;
+    return fileNames.isEmpty() ? QString() : fileNames.takeFirst();
+}
+
+int ScriptedDialogs::exec(QDialog &dialog)
+{
+    execClasses << QString::fromLatin1(dialog.metaObject()->className());
+    if (onExec)
+        return onExec(dialog);
+    dialog.reject();
+    return dialog.result();
+}
+
+}  // namespace qvtest

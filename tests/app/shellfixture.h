@@ -1,0 +1,36 @@
+// Shared set-up of the desktop program's tests: test-mode paths, a
+// throwaway settings store, and projects written with the core.
+#pragma once
+
+#include "project/chartmodel.h"
+
+#include <QSettings>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <memory>
+
+class QuorvantaClass;
+
+namespace qvtest {
+
+// Call from initTestCase(): standard paths in test mode, settings and
+// configuration under a temporary folder, resources registered.
+void prepareShell(const QTemporaryDir &scratch);
+
+// Removes the settings file, so the next window sees a first start.
+void forgetSettings();
+// The settings store the program uses.
+std::unique_ptr<QSettings> shellSettings();
+
+// A main window without the start screen; language as stored (German on a
+// first start).
+std::unique_ptr<QuorvantaClass> makeWindow();
+
+// A model with dataSets data sets ("Set 0", ...; set 1 hidden) of a few
+// samples, with or without device-mode data.
+std::unique_ptr<qv::ChartModel> makeModel(int dataSets, bool modes);
+// Saves such a model as a project file; false on failure.
+bool writeProject(const QString &path, int dataSets, bool modes = false);
+
+}  // namespace qvtest
