@@ -6,6 +6,10 @@
 
 namespace qv {
 
+// Message texts (English source texts, context "QVChartClass").
+extern const char *const kMsgCsvTitle;    // "Error in CSV title line 1 !"
+extern const char *const kMsgCsvColumns;  // "Error in CSV line 2 !\nToo many columns."
+
 // Fills the model from the file at path; questions and progress go through
 // host. On failure the result carries the message, and the model holds what
 // was read before the fault.

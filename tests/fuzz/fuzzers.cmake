@@ -1,0 +1,1 @@
+qv_add_fuzzer(fuzz_csvimport fuzz_csvimport.cpp)
