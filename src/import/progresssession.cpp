@@ -21,7 +21,11 @@ void ProgressSession::set(int mainValue, int detailValue)
         if (m_onShow)
             m_onShow();
         m_dialog = new ProgressDialogClass(m_parent, m_text, m_detail);
+    } else if (mainValue == m_lastMain && detailValue == m_lastDetail) {
+        return;  // importers report per row; repaint only when a bar moves
     }
+    m_lastMain = mainValue;
+    m_lastDetail = detailValue;
     if (!m_dialog)  // closed and deleted while events were processed
         return;
     m_dialog->m_setProgress(mainValue);

@@ -41,6 +41,8 @@ private:
     QString m_detail;
     std::function<void()> m_onShow;
     QPointer<ProgressDialogClass> m_dialog;
+    int m_lastMain = -1;
+    int m_lastDetail = -1;
 };
 
 }  // namespace qv
