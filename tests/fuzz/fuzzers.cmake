@@ -1,1 +1,2 @@
 qv_add_fuzzer(fuzz_csvimport fuzz_csvimport.cpp)
+qv_add_fuzzer(fuzz_visimport fuzz_visimport.cpp)

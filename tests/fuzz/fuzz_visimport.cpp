@@ -1,0 +1,43 @@
+// libFuzzer target for the vaporix-VIS CSV import: the input is the whole
+// file, imported into a fresh model.
+#include "import/visimport.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdint>
+#include <memory>
+
+namespace {
+
+class QuietHost : public qv::ImportHost
+{
+public:
+    bool askYesNo(const QString &, const QString &) override { return true; }
+    void warn(const QString &) override {}
+    void progress(int, int) override {}
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    static int argc = 1;
+    static char name[] = "fuzz_visimport";
+    static char *argv[] = {name, nullptr};
+    static QCoreApplication app(argc, argv);
+    static QTemporaryDir dir;
+    static const QString path = dir.filePath(QStringLiteral("vis.csv"));
+
+    QFile f(path);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return 0;
+    f.write(reinterpret_cast<const char *>(data), qint64(size));
+    f.close();
+    auto model = std::make_unique<qv::ChartModel>();
+    QuietHost host;
+    qv::g_importVisCsv(path, *model, host);
+    return 0;
+}
