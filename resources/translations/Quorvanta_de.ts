@@ -178,6 +178,68 @@ Zu viele Spalten.</translation>
         <source> (%1 / %2 / %3 %4)</source>
         <translation> (%1 / %2 / %3 %4)</translation>
     </message>
+    <message>
+        <source>File is no Ventimar sampling!</source>
+        <translation>Datei ist keine Ventimar-Aufzeichnung!</translation>
+    </message>
+    <message>
+        <source>Ventimar sampling seems to be broken (header)!</source>
+        <translation>Ventimar-Aufzeichnung scheint defekt zu sein (Kopf)!</translation>
+    </message>
+    <message>
+        <source>Ventimar sampling seems to be broken (filesize)!</source>
+        <translation>Ventimar-Aufzeichnung scheint defekt zu sein (Dateigröße)!</translation>
+    </message>
+    <message>
+        <source>Try to fix missing data?</source>
+        <translation>Fehlende Daten reparieren?</translation>
+    </message>
+    <message>
+        <source>Try to fix Solvanor firmware overflow bug?</source>
+        <translation>Überlauffehler der Solvanor-Firmware reparieren?</translation>
+    </message>
+    <message>
+        <source>Error in CSV line 1 !
+No vaporix-Vis sampling.</source>
+        <translation>Fehler in CSV-Zeile 1 !
+Keine vaporix-Vis-Aufzeichnung.</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 2 !</source>
+        <translation>Fehler in CSV-Titelzeile 2 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 3 !</source>
+        <translation>Fehler in CSV-Titelzeile 3 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 4 !</source>
+        <translation>Fehler in CSV-Titelzeile 4 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 5 !</source>
+        <translation>Fehler in CSV-Titelzeile 5 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV line 5 !
+Too many columns.</source>
+        <translation>Fehler in CSV-Zeile 5 !
+Zu viele Spalten.</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 7 !</source>
+        <translation>Fehler in CSV-Titelzeile 7 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV line 7 !
+Too many columns.</source>
+        <translation>Fehler in CSV-Zeile 7 !
+Zu viele Spalten.</translation>
+    </message>
+    <message>
+        <source>File is containing too many data. Please contact Merovin.</source>
+        <translation>Die Datei enthält zu viele Daten. Bitte wenden Sie sich an Merovin.</translation>
+    </message>
 </context>
 <context>
     <name>QVUpdateClass</name>

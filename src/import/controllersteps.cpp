@@ -112,6 +112,11 @@ void g_setAxisRange(ChartModel &model, int index)
         if (v > high)
             high = v;
     }
+    g_setAxisLimits(model, index, low, high);
+}
+
+void g_setAxisLimits(ChartModel &model, int index, double low, double high)
+{
     const double top = std::max(low, high);
     const double margin = (top - low) * 0.02 + 0.5;
     model.settings.axisMin[index] = std::round(low - margin);

@@ -31,6 +31,8 @@ void g_activateImportedRow(ChartModel &model, int index);
 // end of the double range), widened by 2 % of their distance plus 0.5 and
 // rounded half away from zero.
 void g_setAxisRange(ChartModel &model, int index);
+// The same limits from a minimum and maximum found by the caller.
+void g_setAxisLimits(ChartModel &model, int index, double low, double high);
 // The main bar value after the axis range of data set index of count.
 int g_axisProgress(int index, int count);
 

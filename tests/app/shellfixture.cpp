@@ -5,6 +5,7 @@
 #include "project/fixedstring.h"
 #include "project/projectfile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QStandardPaths>
 
@@ -23,6 +24,11 @@ std::unique_ptr<QSettings> shellSettings()
 {
     return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Merovin GmbH"),
                                        QStringLiteral("Quorvanta"));
+}
+
+void flushDeletions()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void forgetSettings()

@@ -18,6 +18,9 @@ namespace qvtest {
 // configuration under a temporary folder, resources registered.
 void prepareShell(const QTemporaryDir &scratch);
 
+// Runs the pending deleteLater() calls.
+void flushDeletions();
+
 // Removes the settings file, so the next window sees a first start.
 void forgetSettings();
 // The settings store the program uses.

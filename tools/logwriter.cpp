@@ -1,0 +1,74 @@
+#include "logwriter.h"
+
+#include <QtEndian>
+
+#include <cstring>
+
+namespace qvlog {
+
+namespace {
+
+void put32(QByteArray &bytes, int at, quint32 value)
+{
+    qToLittleEndian(value, bytes.data() + at);
+}
+
+void putText(QByteArray &bytes, int at, const QByteArray &text, int width)
+{
+    std::memcpy(bytes.data() + at, text.constData(), size_t(qMin(text.size(), width)));
+}
+
+}  // namespace
+
+QByteArray magic()
+{
+    return QByteArray("Solvanor SampleFile (C)2014 Merovin GmbH V40") + QByteArray(20, ' ');
+}
+
+QByteArray header(const LogSpec &spec)
+{
+    QByteArray h(3008, '\0');
+    putText(h, 0x000, spec.title, 36);
+    put32(h, 0x024, quint32(spec.count));
+    put32(h, 0x02C, quint32(spec.capacity));
+    put32(h, 0x030, quint32(spec.interval));
+    put32(h, 0x034, quint32(spec.dataSize == kWordsSize ? spec.words.size() * 4 : spec.dataSize));
+    for (int i = 0; i < 16; ++i) {
+        const DataSetSpec &s = spec.sets[i];
+        const int d = 0x100 + 128 * i;
+        h[d + 0x00] = char(s.type);
+        h[d + 0x03] = char(s.decimals);
+        put32(h, d + 0x10, s.multiplier);
+        put32(h, d + 0x14, quint32(s.divisor));
+        put32(h, d + 0x18, s.offset);
+    }
+    // The descriptors of sets 14 and 15 reach into the name area; their read
+    // bytes lie before it, so the names are written over the unused rest.
+    for (int i = 0; i < 16; ++i)
+        putText(h, 0x8C0 + 32 * i, spec.sets[i].name, 32);
+    put32(h, 0xAC4, spec.timeCorrection);
+    put32(h, 0xACC, quint32(spec.oldestOffset));
+    put32(h, 0xAD4, spec.startTime);
+    put32(h, 0xAD8, spec.endTime);
+    put32(h, 0xADC, spec.rows);
+    return h;
+}
+
+QByteArray file(const LogSpec &spec)
+{
+    QByteArray f = (spec.magic.isNull() ? magic() : spec.magic) + header(spec);
+    const int at = f.size();
+    f.resize(at + spec.words.size() * 4);
+    for (int k = 0; k < spec.words.size(); ++k)
+        put32(f, at + 4 * k, spec.words[k]);
+    return f;
+}
+
+quint32 floatWord(float value)
+{
+    quint32 w;
+    std::memcpy(&w, &value, sizeof w);
+    return w;
+}
+
+}  // namespace qvlog
