@@ -30,7 +30,7 @@ int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
     constexpr int kRows = 262144;
-    qvlog::LogSpec s;
+    qvlog::LogLayout s;
     s.title = "Halle 3";
     s.count = 16;
     s.capacity = kRows - 1;

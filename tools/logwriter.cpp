@@ -25,16 +25,16 @@ QByteArray magic()
     return QByteArray("Solvanor SampleFile (C)2014 Merovin GmbH V40") + QByteArray(20, ' ');
 }
 
-QByteArray header(const LogSpec &spec)
+QByteArray header(const LogLayout &layout)
 {
     QByteArray h(3008, '\0');
-    putText(h, 0x000, spec.title, 36);
-    put32(h, 0x024, quint32(spec.count));
-    put32(h, 0x02C, quint32(spec.capacity));
-    put32(h, 0x030, quint32(spec.interval));
-    put32(h, 0x034, quint32(spec.dataSize == kWordsSize ? spec.words.size() * 4 : spec.dataSize));
+    putText(h, 0x000, layout.title, 36);
+    put32(h, 0x024, quint32(layout.count));
+    put32(h, 0x02C, quint32(layout.capacity));
+    put32(h, 0x030, quint32(layout.interval));
+    put32(h, 0x034, quint32(layout.dataSize == kWordsSize ? layout.words.size() * 4 : layout.dataSize));
     for (int i = 0; i < 16; ++i) {
-        const DataSetSpec &s = spec.sets[i];
+        const DataSetSpec &s = layout.sets[i];
         const int d = 0x100 + 128 * i;
         h[d + 0x00] = char(s.type);
         h[d + 0x03] = char(s.decimals);
@@ -45,22 +45,22 @@ QByteArray header(const LogSpec &spec)
     // The descriptors of sets 14 and 15 reach into the name area; their read
     // bytes lie before it, so the names are written over the unused rest.
     for (int i = 0; i < 16; ++i)
-        putText(h, 0x8C0 + 32 * i, spec.sets[i].name, 32);
-    put32(h, 0xAC4, spec.timeCorrection);
-    put32(h, 0xACC, quint32(spec.oldestOffset));
-    put32(h, 0xAD4, spec.startTime);
-    put32(h, 0xAD8, spec.endTime);
-    put32(h, 0xADC, spec.rows);
+        putText(h, 0x8C0 + 32 * i, layout.sets[i].name, 32);
+    put32(h, 0xAC4, layout.timeCorrection);
+    put32(h, 0xACC, quint32(layout.oldestOffset));
+    put32(h, 0xAD4, layout.startTime);
+    put32(h, 0xAD8, layout.endTime);
+    put32(h, 0xADC, layout.rows);
     return h;
 }
 
-QByteArray file(const LogSpec &spec)
+QByteArray file(const LogLayout &layout)
 {
-    QByteArray f = (spec.magic.isNull() ? magic() : spec.magic) + header(spec);
+    QByteArray f = (layout.magic.isNull() ? magic() : layout.magic) + header(layout);
     const int at = f.size();
-    f.resize(at + spec.words.size() * 4);
-    for (int k = 0; k < spec.words.size(); ++k)
-        put32(f, at + 4 * k, spec.words[k]);
+    f.resize(at + layout.words.size() * 4);
+    for (int k = 0; k < layout.words.size(); ++k)
+        put32(f, at + 4 * k, layout.words[k]);
     return f;
 }
 

@@ -22,7 +22,7 @@ struct DataSetSpec {
 // The data size field that names the size of the words given.
 constexpr qint32 kWordsSize = -2147483647 - 1;
 
-struct LogSpec {
+struct LogLayout {
     QByteArray magic;  // null: the right one
     QByteArray title;
     qint32 count = 1;  // words per row
@@ -39,8 +39,8 @@ struct LogSpec {
 };
 
 QByteArray magic();
-QByteArray header(const LogSpec &spec);  // exactly 3008 bytes
-QByteArray file(const LogSpec &spec);    // magic + header + data block
+QByteArray header(const LogLayout &layout);  // exactly 3008 bytes
+QByteArray file(const LogLayout &layout);    // magic + header + data block
 
 // Bits of a float as a raw word.
 quint32 floatWord(float value);

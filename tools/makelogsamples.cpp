@@ -64,9 +64,9 @@ double absoluteHumidity(double temperature, double relative)
     return 622 * vapour / (1013.25 - vapour);
 }
 
-qvlog::LogSpec sensorSpec()
+qvlog::LogLayout sensorSpec()
 {
-    qvlog::LogSpec s;
+    qvlog::LogLayout s;
     s.title = "SENSORWERTE";
     s.count = 12;
     s.capacity = kCapacity;
@@ -83,7 +83,7 @@ qvlog::LogSpec sensorSpec()
     return s;
 }
 
-void writeSensorRow(qvlog::LogSpec &s, qint32 row, qint64 n, Noise &noise)
+void writeSensorRow(qvlog::LogLayout &s, qint32 row, qint64 n, Noise &noise)
 {
     const Climate c = climateAt(n, noise);
     quint32 *w = s.words.data() + row * s.count;
@@ -95,7 +95,7 @@ void writeSensorRow(qvlog::LogSpec &s, qint32 row, qint64 n, Noise &noise)
 }
 
 // Running flag, mode, mode detail, fault of the dehumidifier at sample n.
-void writeStateRow(qvlog::LogSpec &s, qint32 row, qint64 n)
+void writeStateRow(qvlog::LogLayout &s, qint32 row, qint64 n)
 {
     const int hour = int(n / 6 % 24);
     const bool running = hour >= 6 && hour < 22;
@@ -108,9 +108,9 @@ void writeStateRow(qvlog::LogSpec &s, qint32 row, qint64 n)
     w[4] = n % 997 == 500 ? 3 : 0;
 }
 
-qvlog::LogSpec stateSpec(const qvlog::LogSpec &sensor)
+qvlog::LogLayout stateSpec(const qvlog::LogLayout &sensor)
 {
-    qvlog::LogSpec s;
+    qvlog::LogLayout s;
     s.title = "STATUS LOG";
     s.count = 5;
     s.capacity = sensor.capacity;
@@ -124,9 +124,9 @@ qvlog::LogSpec stateSpec(const qvlog::LogSpec &sensor)
     return s;
 }
 
-qvlog::LogSpec parameterSpec()
+qvlog::LogLayout parameterSpec()
 {
-    qvlog::LogSpec s;
+    qvlog::LogLayout s;
     s.title = "PARAMETER";
     s.count = 16;
     s.capacity = 7;
@@ -140,9 +140,9 @@ qvlog::LogSpec parameterSpec()
     return s;
 }
 
-qvlog::LogSpec cardSpec()
+qvlog::LogLayout cardSpec()
 {
-    qvlog::LogSpec s;
+    qvlog::LogLayout s;
     s.title = "PARAMETER SDKARTE";
     s.count = 4;
     s.capacity = 3;
@@ -154,11 +154,11 @@ qvlog::LogSpec cardSpec()
     return s;
 }
 
-bool writeSet(const QString &folder, const qvlog::LogSpec &sensor, const qvlog::LogSpec &state)
+bool writeSet(const QString &folder, const qvlog::LogLayout &sensor, const qvlog::LogLayout &state)
 {
     if (!QDir().mkpath(folder))
         return false;
-    const qvlog::LogSpec logs[4] = {sensor, state, parameterSpec(), cardSpec()};
+    const qvlog::LogLayout logs[4] = {sensor, state, parameterSpec(), cardSpec()};
     for (int i = 0; i < 4; ++i) {
         QFile f(folder + QStringLiteral("/SV_SA_0%1.LOG").arg(i + 1));
         const QByteArray bytes = qvlog::file(logs[i]);
@@ -173,14 +173,14 @@ bool writeSet(const QString &folder, const qvlog::LogSpec &sensor, const qvlog::
 // still hold the end of an older recording. Two rows lost at a power cut.
 bool writeWrapped(const QString &folder)
 {
-    qvlog::LogSpec sensor = sensorSpec();
+    qvlog::LogLayout sensor = sensorSpec();
     const qint32 oldest = 1200;
     const quint32 rows = 1800;
     sensor.oldestOffset = oldest * sensor.count * 4;
     sensor.rows = rows;
     sensor.startTime = kFirstRowTime;
     sensor.endTime = kFirstRowTime + (rows - 1) * kInterval;
-    qvlog::LogSpec state = stateSpec(sensor);
+    qvlog::LogLayout state = stateSpec(sensor);
     Noise noise;
     for (qint64 n = -216; n < qint64(rows); ++n) {
         const qint32 row = qint32((oldest + n + kCapacity + 1) % (kCapacity + 1));
@@ -199,14 +199,14 @@ bool writeWrapped(const QString &folder)
 // reads all 1400 rows from row 0 and starts 400 intervals earlier.
 bool writeOverflow(const QString &folder)
 {
-    qvlog::LogSpec sensor = sensorSpec();
+    qvlog::LogLayout sensor = sensorSpec();
     const qint32 start = 400;
     const quint32 rows = 1000;
     sensor.oldestOffset = start * sensor.count * 4;
     sensor.rows = rows;
     sensor.startTime = kFirstRowTime + start * kInterval;
     sensor.endTime = sensor.startTime + (rows - 1) * kInterval;
-    qvlog::LogSpec state = stateSpec(sensor);
+    qvlog::LogLayout state = stateSpec(sensor);
     Noise noise;
     for (qint32 row = 0; row < start + qint32(rows); ++row) {
         writeSensorRow(sensor, row, row, noise);

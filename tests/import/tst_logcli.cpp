@@ -52,7 +52,7 @@ void TestLogCli::convert()
 
     CsvFolder folder;
     if (!input.startsWith(QLatin1Char('/'))) {
-        qvlog::LogSpec s;
+        qvlog::LogLayout s;
         s.title = "Keller";
         s.count = 3;
         s.capacity = 15;

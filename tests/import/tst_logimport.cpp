@@ -29,9 +29,9 @@ ImportRun importLog(const QString &path, ImportHost &host)
 
 // Two data sets of signed raw words: word 0 of row r is r, word 1 is 1000 + r,
 // so the stored values name the rows that were read.
-qvlog::LogSpec ringLog(qint32 capacity, qint32 start, quint32 rows)
+qvlog::LogLayout ringLog(qint32 capacity, qint32 start, quint32 rows)
 {
-    qvlog::LogSpec s;
+    qvlog::LogLayout s;
     s.title = "Halle 3";
     s.count = 2;
     s.capacity = capacity;
@@ -121,11 +121,11 @@ void TestLogImport::ring()
     QFETCH(QVector<qint32>, readRows);
     QFETCH(qint64, firstSecond);
 
-    qvlog::LogSpec spec = ringLog(capacity, 0, rows);
-    spec.oldestOffset = oldestOffset;
-    spec.startTime = startTime;
+    qvlog::LogLayout layout = ringLog(capacity, 0, rows);
+    layout.oldestOffset = oldestOffset;
+    layout.startTime = startTime;
     CsvFolder folder;
-    const QString path = folder.write(QStringLiteral("ring.log"), qvlog::file(spec));
+    const QString path = folder.write(QStringLiteral("ring.log"), qvlog::file(layout));
     ScriptedHost host(answer);
     const ImportRun run = importLog(path, host);
     QVERIFY2(run.result.ok, run.result.message);
@@ -196,12 +196,12 @@ void TestLogImport::values()
     QFETCH(double, value);
     QFETCH(int, shownDecimals);
 
-    qvlog::LogSpec spec = ringLog(0, 0, 1);
-    spec.sets[1] = {"Wert", quint8(type), quint8(decimals), multiplier, divisor, offset};
-    spec.words = {0, raw};
+    qvlog::LogLayout layout = ringLog(0, 0, 1);
+    layout.sets[1] = {"Wert", quint8(type), quint8(decimals), multiplier, divisor, offset};
+    layout.words = {0, raw};
     CsvFolder folder;
     ScriptedHost host;
-    const ImportRun run = importLog(folder.write(QStringLiteral("v.LOG"), qvlog::file(spec)), host);
+    const ImportRun run = importLog(folder.write(QStringLiteral("v.LOG"), qvlog::file(layout)), host);
     QVERIFY2(run.result.ok, run.result.message);
     QCOMPARE(run.model->data(1)->count, 1);
     QV_COMPARE_DOUBLE(run.model->data(1)->value[0], value);
@@ -216,13 +216,13 @@ void TestLogImport::values()
 // column of a good row is an ordinary value.
 void TestLogImport::rowWithoutData()
 {
-    qvlog::LogSpec spec = ringLog(3, 0, 4);
-    spec.count = 3;
-    spec.sets[2] = {"Roh", 6, 0, 0, 0, 0};
-    spec.words = {10, 20, 30, kNoData, 900, 900, 11, 21, kNoData, 12, 22, 32};
+    qvlog::LogLayout layout = ringLog(3, 0, 4);
+    layout.count = 3;
+    layout.sets[2] = {"Roh", 6, 0, 0, 0, 0};
+    layout.words = {10, 20, 30, kNoData, 900, 900, 11, 21, kNoData, 12, 22, 32};
     CsvFolder folder;
     ScriptedHost host;
-    const ImportRun run = importLog(folder.write(QStringLiteral("gap.log"), qvlog::file(spec)), host);
+    const ImportRun run = importLog(folder.write(QStringLiteral("gap.log"), qvlog::file(layout)), host);
     QVERIFY2(run.result.ok, run.result.message);
 
     const qint64 t0 = (1600000000LL + 3600) * 1000;
@@ -243,8 +243,8 @@ void TestLogImport::failures_data()
     QTest::addColumn<bool>("critical");
 
     const QByteArray good = qvlog::file(ringLog(4, 0, 5));
-    auto withHeader = [](void (*change)(qvlog::LogSpec &)) {
-        qvlog::LogSpec s = ringLog(4, 0, 5);
+    auto withHeader = [](void (*change)(qvlog::LogLayout &)) {
+        qvlog::LogLayout s = ringLog(4, 0, 5);
         change(s);
         return qvlog::file(s);
     };
@@ -256,14 +256,14 @@ void TestLogImport::failures_data()
     QTest::newRow("last magic byte differs") << QByteArray(good).replace(63, 1, "!") << noLog << false;
     QTest::newRow("magic cut short") << good.left(63) << noLog << false;
     QTest::newRow("header one byte short") << good.left(64 + 3007) << header << false;
-    QTest::newRow("17 data sets") << withHeader([](qvlog::LogSpec &s) { s.count = 17; }) << header << false;
-    QTest::newRow("0 data sets") << withHeader([](qvlog::LogSpec &s) { s.count = 0; }) << header << false;
-    QTest::newRow("-1 data sets") << withHeader([](qvlog::LogSpec &s) { s.count = -1; }) << header << false;
-    QTest::newRow("data size 16 MiB + 1") << withHeader([](qvlog::LogSpec &s) { s.dataSize = 16 * 1024 * 1024 + 1; })
+    QTest::newRow("17 data sets") << withHeader([](qvlog::LogLayout &s) { s.count = 17; }) << header << false;
+    QTest::newRow("0 data sets") << withHeader([](qvlog::LogLayout &s) { s.count = 0; }) << header << false;
+    QTest::newRow("-1 data sets") << withHeader([](qvlog::LogLayout &s) { s.count = -1; }) << header << false;
+    QTest::newRow("data size 16 MiB + 1") << withHeader([](qvlog::LogLayout &s) { s.dataSize = 16 * 1024 * 1024 + 1; })
                                           << header << false;
-    QTest::newRow("negative data size") << withHeader([](qvlog::LogSpec &s) { s.dataSize = -4; }) << header << false;
-    QTest::newRow("negative capacity") << withHeader([](qvlog::LogSpec &s) { s.capacity = -1; }) << header << false;
-    QTest::newRow("negative oldest-row offset") << withHeader([](qvlog::LogSpec &s) { s.oldestOffset = -8; })
+    QTest::newRow("negative data size") << withHeader([](qvlog::LogLayout &s) { s.dataSize = -4; }) << header << false;
+    QTest::newRow("negative capacity") << withHeader([](qvlog::LogLayout &s) { s.capacity = -1; }) << header << false;
+    QTest::newRow("negative oldest-row offset") << withHeader([](qvlog::LogLayout &s) { s.oldestOffset = -8; })
                                                 << header << false;
 }
 
@@ -291,12 +291,12 @@ void TestLogImport::failures()
 // data size of exactly 16 MiB are accepted.
 void TestLogImport::shortData()
 {
-    qvlog::LogSpec spec = ringLog(2, 0, 3);
-    spec.count = 16;
-    spec.words = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18};
-    spec.dataSize = 16 * 1024 * 1024;
+    qvlog::LogLayout layout = ringLog(2, 0, 3);
+    layout.count = 16;
+    layout.words = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18};
+    layout.dataSize = 16 * 1024 * 1024;
     CsvFolder folder;
-    const QString path = folder.write(QStringLiteral("short.log"), qvlog::file(spec).chopped(1));
+    const QString path = folder.write(QStringLiteral("short.log"), qvlog::file(layout).chopped(1));
 
     ScriptedHost no(false);
     const ImportRun declined = importLog(path, no);

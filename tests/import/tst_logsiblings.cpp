@@ -25,9 +25,9 @@ constexpr qint32 kInterval = 60;
 
 // Eight plausible rows of twelve values in a ring of ten rows starting at
 // row `start`; row 4 of the recording has an outside temperature of 70.
-qvlog::LogSpec sensorLog(qint32 start)
+qvlog::LogLayout sensorLog(qint32 start)
 {
-    qvlog::LogSpec s;
+    qvlog::LogLayout s;
     s.title = "SENSORWERTE";
     s.count = 12;
     s.capacity = 9;
@@ -53,9 +53,9 @@ const quint32 kStateRows[8][4] = {{1, 100, 9, 0},  {1, 100, 11, 0},          {0,
                                   {1, 100, quint32(-1), 0}, {1, 100, 20, 0}, {1, 100, 18, 0}, {1, 100, 12, 4}};
 const QVector<qint8> kStateCodes{5, 2, 1, 11, 7, 6, 10, 7};
 
-qvlog::LogSpec stateLog(qint32 start, quint32 startTime)
+qvlog::LogLayout stateLog(qint32 start, quint32 startTime)
 {
-    qvlog::LogSpec s;
+    qvlog::LogLayout s;
     s.title = "STATUS LOG";
     s.count = 5;
     s.capacity = 9;
@@ -75,9 +75,9 @@ qvlog::LogSpec stateLog(qint32 start, quint32 startTime)
 
 // Rows 3 and 0 of a ring of four rows (from row 3 on, wrapping); the last,
 // row 0, is the one that counts.
-qvlog::LogSpec parameterLog()
+qvlog::LogLayout parameterLog()
 {
-    qvlog::LogSpec s;
+    qvlog::LogLayout s;
     s.title = "PARAMETER";
     s.count = 16;
     s.capacity = 3;
@@ -90,9 +90,9 @@ qvlog::LogSpec parameterLog()
     return s;
 }
 
-qvlog::LogSpec cardLog()
+qvlog::LogLayout cardLog()
 {
-    qvlog::LogSpec s;
+    qvlog::LogLayout s;
     s.title = "PARAMETER SDKARTE";
     s.count = 1;
     s.capacity = 1;
@@ -193,7 +193,7 @@ void TestLogSiblings::siblings()
     QFETCH(QByteArray, message);
     QFETCH(QVector<qint8>, codes);
 
-    qvlog::LogSpec logs[4] = {sensorLog(start), stateLog(start, quint32(qint64(kStart) + stateShift)), parameterLog(),
+    qvlog::LogLayout logs[4] = {sensorLog(start), stateLog(start, quint32(qint64(kStart) + stateShift)), parameterLog(),
                               cardLog()};
     if (start != 0) {
         // Rows before the start hold the same recording: the repair reads them.
