@@ -8,10 +8,6 @@ qv_add_test(test_csvsiblings SOURCES import/tst_csvsiblings.cpp ${QV_CSV_TEST_HE
 qv_add_test(test_csvparse SOURCES import/tst_csvparse.cpp)
 set_property(TEST test_csvparse APPEND PROPERTY ENVIRONMENT "TZ=Europe/Berlin")
 qv_add_test(test_csvrobust SOURCES import/tst_csvrobust.cpp ${QV_CSV_TEST_HELPERS})
-qv_add_test(test_csvcli SOURCES import/tst_csvcli.cpp ${QV_CSV_TEST_HELPERS})
-target_compile_definitions(test_csvcli PRIVATE QV_CLI_PATH="$<TARGET_FILE:quorvanta-cli>"
-                           QV_SAMPLES_DIR="${PROJECT_SOURCE_DIR}/resources/samples")
-add_dependencies(test_csvcli quorvanta-cli)
 
 # libFuzzer target (clang): configure with -DQV_FUZZ=ON and
 # -DCMAKE_CXX_FLAGS=-fsanitize=fuzzer-no-link,address,undefined, then run
@@ -25,3 +21,15 @@ if(QV_FUZZ)
 endif()
 include(import/vis.cmake OPTIONAL)
 include(import/log.cmake OPTIONAL)
+
+# quorvanta-cli convert of every input kind against a direct import and save.
+qv_add_test(test_importcli SOURCES import/tst_importcli.cpp import/visfile.cpp import/visfile.h
+            ${QV_CSV_TEST_HELPERS} LIBS quorvanta_logwriter)
+target_compile_definitions(test_importcli PRIVATE QV_CLI_PATH="$<TARGET_FILE:quorvanta-cli>"
+                           QV_SAMPLES_DIR="${PROJECT_SOURCE_DIR}/resources/samples"
+                           QV_LOG_SAMPLES_DIR="${CMAKE_BINARY_DIR}/samples"
+                           QV_VIS_SAMPLE="${CMAKE_BINARY_DIR}/samples/cellar-vis.csv")
+add_dependencies(test_importcli quorvanta-cli sample_logs)
+if(TARGET vis_sample)
+  add_dependencies(test_importcli vis_sample)
+endif()

@@ -66,288 +66,237 @@ class TestCsvParse : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void timesOverYears();
-    void timesOnTransitionDays_data();
-    void timesOnTransitionDays();
-    void oddTimes_data();
-    void oddTimes();
-    void timesInAnyOrder();
-    void doubles_data();
-    void doubles();
-    void randomDoubles();
-    void integers_data();
-    void integers();
-    void sampleValue_data();
-    void sampleValue();
-    void lines_data();
-    void lines();
-    void fields_data();
-    void fields();
-};
-
-void TestCsvParse::initTestCase()
-{
-    // The time tests are only meaningful in a zone with daylight saving time.
-    const QDateTime winter(QDate(2021, 1, 15), QTime(12, 0));
-    const QDateTime summer(QDate(2021, 7, 15), QTime(12, 0));
-    QVERIFY2(winter.offsetFromUtc() != summer.offsetFromUtc(), "run with TZ=Europe/Berlin (set by CTest)");
-}
-
-void TestCsvParse::timesOverYears()
-{
-    QString failure;
-    // Every 7 min 13 s over three years: ordinary days, leap day, both kinds of transition.
-    const QDateTime from(QDate(2019, 12, 30), QTime(0, 0));
-    const QDateTime to(QDate(2022, 1, 2), QTime(0, 0));
-    QVERIFY2(sameTimes(stamps(from, to, 433, LocalTimeReader::WithSeconds), LocalTimeReader::WithSeconds, &failure),
-             qPrintable(failure));
-    QVERIFY2(sameTimes(stamps(from, to, 3607, LocalTimeReader::WithoutSeconds), LocalTimeReader::WithoutSeconds,
-                       &failure),
-             qPrintable(failure));
-    // The ends of the fast range and just beyond.
-    QVERIFY2(sameTimes(stamps(QDateTime(QDate(1969, 12, 31), QTime(0, 0)), QDateTime(QDate(1970, 1, 2), QTime(0, 0)),
-                              599, LocalTimeReader::WithSeconds),
-                       LocalTimeReader::WithSeconds, &failure),
-             qPrintable(failure));
-    QVERIFY2(sameTimes(stamps(QDateTime(QDate(2037, 12, 30), QTime(0, 0)), QDateTime(QDate(2038, 1, 20), QTime(0, 0)),
-                              3599, LocalTimeReader::WithSeconds),
-                       LocalTimeReader::WithSeconds, &failure),
-             qPrintable(failure));
-}
-
-void TestCsvParse::timesOnTransitionDays_data()
-{
-    QTest::addColumn<QDate>("day");
-    QTest::newRow("spring 2020") << QDate(2020, 3, 29);
-    QTest::newRow("autumn 2020") << QDate(2020, 10, 25);
-    QTest::newRow("spring 2021") << QDate(2021, 3, 28);
-    QTest::newRow("autumn 2021") << QDate(2021, 10, 31);
-    QTest::newRow("autumn 1996 (first last-Sunday-of-October)") << QDate(1996, 10, 27);
-}
-
-void TestCsvParse::timesOnTransitionDays()
-{
-    QFETCH(QDate, day);
-    QString failure;
-    const QDateTime from(day.addDays(-1), QTime(22, 0));
-    const QDateTime to(day.addDays(1), QTime(2, 0));
-    // Every 7 seconds from the evening before to the night after.
-    QVERIFY2(sameTimes(stamps(from, to, 7, LocalTimeReader::WithSeconds), LocalTimeReader::WithSeconds, &failure),
-             qPrintable(failure));
-    // Every second of the hours around the change, and local texts that do
-    // not exist (the skipped hour) or exist twice.
-    QByteArrayList texts;
-    for (int h = 0; h < 5; ++h) {
-        for (int s = 0; s < 3600; ++s)
-            texts << QDateTime(day, QTime(h, s / 60, s % 60)).toString(timeFormat(LocalTimeReader::WithSeconds)).toLatin1();
-        for (int m = 0; m < 60; m += 7)
-            texts << day.toString(QStringLiteral("dd.MM.yyyy ")).toLatin1() + QByteArray::number(100 + h).mid(1) + ':' +
-                         QByteArray::number(100 + m).mid(1) + ":30";
+    void initTestCase()
+    {
+        // The time tests are only meaningful in a zone with daylight saving time.
+        const QDateTime winter(QDate(2021, 1, 15), QTime(12, 0));
+        const QDateTime summer(QDate(2021, 7, 15), QTime(12, 0));
+        QVERIFY2(winter.offsetFromUtc() != summer.offsetFromUtc(), "run with TZ=Europe/Berlin (set by CTest)");
     }
-    QVERIFY2(sameTimes(texts, LocalTimeReader::WithSeconds, &failure), qPrintable(failure));
-    QByteArrayList minutes;
-    for (int m = 0; m < 5 * 60; ++m)
-        minutes << day.toString(QStringLiteral("dd.MM.yyyy ")).toLatin1() + QByteArray::number(100 + m / 60).mid(1) +
-                       ':' + QByteArray::number(100 + m % 60).mid(1);
-    QVERIFY2(sameTimes(minutes, LocalTimeReader::WithoutSeconds, &failure), qPrintable(failure));
-}
 
-void TestCsvParse::oddTimes_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    const char *texts[] = {
-        "31.02.2021 10:00:00", "29.02.2021 10:00:00", "29.02.2020 10:00:00", "29.02.2100 10:00:00",
-        "31.04.2021 10:00:00", "31.12.2021 23:59:59", "01.01.2022 00:00:00", "00.01.2021 10:00:00",
-        "01.00.2021 10:00:00", "01.13.2021 10:00:00", "32.01.2021 10:00:00", "01.01.2021 24:00:00",
-        "01.01.2021 23:60:00", "01.01.2021 23:59:60", "01.01.0000 10:00:00", "01.01.0001 10:00:00",
-        "01.01.1600 10:00:00", "01.01.9999 23:59:59", "1.01.2021 10:00:00",  "01.1.2021 10:00:00",
-        "01.01.21 10:00:00",   "01.01.2021 1:00:00",  "01.01.2021 10:0:00",  "01.01.2021 10:00:0",
-        "01.01.2021 10:00",    "01.01.2021",          "01.01.2021 10:00:00 ", " 01.01.2021 10:00:00",
-        "01.01.2021  10:00:00", "01-01-2021 10:00:00", "01.01.2021T10:00:00", "01.01.2021 10.00.00",
-        "01.01.+021 10:00:00", "01.01.-021 10:00:00", "+1.01.2021 10:00:00", "01.01.2021 10:00:00.5",
-        "01.01.2021 10:00:00\r", "ab.cd.efgh ij:kl:mn", "",                  "garbage",
-        "\xff\xfe\xfd",        "01.01.2021 10:00:00;", "0x.01.2021 10:00:00", "01.01.2021 -1:00:00",
-    };
-    for (const char *t : texts)
-        QTest::newRow(t[0] ? t : "(empty)") << QByteArray(t);
-    QTest::newRow("zero byte") << QByteArray("01.01.2021 10:00:\0" "0", 19);
-}
+    void timesOverYears()
+    {
+        QString failure;
+        // Every 7 min 13 s over three years: ordinary days, leap day, both kinds of transition.
+        const QDateTime from(QDate(2019, 12, 30), QTime(0, 0));
+        const QDateTime to(QDate(2022, 1, 2), QTime(0, 0));
+        QVERIFY2(sameTimes(stamps(from, to, 433, LocalTimeReader::WithSeconds), LocalTimeReader::WithSeconds, &failure),
+                 qPrintable(failure));
+        QVERIFY2(sameTimes(stamps(from, to, 3607, LocalTimeReader::WithoutSeconds), LocalTimeReader::WithoutSeconds,
+                           &failure),
+                 qPrintable(failure));
+        // The ends of the fast range and just beyond.
+        QVERIFY2(sameTimes(stamps(QDateTime(QDate(1969, 12, 31), QTime(0, 0)), QDateTime(QDate(1970, 1, 2), QTime(0, 0)),
+                                  599, LocalTimeReader::WithSeconds),
+                           LocalTimeReader::WithSeconds, &failure),
+                 qPrintable(failure));
+        QVERIFY2(sameTimes(stamps(QDateTime(QDate(2037, 12, 30), QTime(0, 0)), QDateTime(QDate(2038, 1, 20), QTime(0, 0)),
+                                  3599, LocalTimeReader::WithSeconds),
+                           LocalTimeReader::WithSeconds, &failure),
+                 qPrintable(failure));
+    }
 
-void TestCsvParse::oddTimes()
-{
-    QFETCH(QByteArray, text);
-    QString failure;
-    QVERIFY2(sameTimes({text}, LocalTimeReader::WithSeconds, &failure), qPrintable(failure));
-    QVERIFY2(sameTimes({text.left(16), text}, LocalTimeReader::WithoutSeconds, &failure), qPrintable(failure));
-}
+    void timesOnTransitionDays_data()
+    {
+        QTest::addColumn<QDate>("day");
+        QTest::newRow("spring 2021") << QDate(2021, 3, 28);
+        QTest::newRow("autumn 2021") << QDate(2021, 10, 31);
+        QTest::newRow("autumn 1996 (first last-Sunday-of-October)") << QDate(1996, 10, 27);
+    }
 
-// The cache must not carry one hour's offset into another.
-void TestCsvParse::timesInAnyOrder()
-{
-    QByteArrayList texts = stamps(QDateTime(QDate(2020, 3, 27), QTime(0, 0)), QDateTime(QDate(2020, 11, 1), QTime(0, 0)),
-                                  1801, LocalTimeReader::WithSeconds);
-    QRandomGenerator random(5);
-    for (int i = texts.size() - 1; i > 0; --i)
-        texts.swapItemsAt(i, int(random.bounded(i + 1)));
-    QString failure;
-    QVERIFY2(sameTimes(texts, LocalTimeReader::WithSeconds, &failure), qPrintable(failure));
-}
-
-void TestCsvParse::doubles_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    const char *texts[] = {
-        "0", "-0", "0.0", "-0.0", "1", "-1", "21.75", "-3.5", "0.1", "0.2", "0.3", "1.1", "2.675", "1e5",
-        "1.5E-3", "9007199254740992", "9007199254740993", "9007199254740991.5", "123456789012345678",
-        "1234567890123456789", "12345678901234567890", "0.1234567890123456789", "0.0000000000000000000001",
-        "0.00000000000000000000001", "1234567890123456789012.5", "4.35", "2.2250738585072014e-308", "1e-400",
-        "1e400", "1.7976931348623157e308", ".5", "-.5", "5.", "-5.", ".", "-", "-.", "+1.5", "+", "1..5",
-        "1.2.3", "1,5", " 1.5", "1.5 ", "\t1.5", "1.5\r", "1 5", "", " ", "abc", "inf", "-inf", "nan", "NaN",
-        "0x10", "1e", "1e+", "00012.50", "-00.001", "3131961357", "3131961357.0", "1_0", "\xb2", "12\xa0",
-    };
-    for (const char *t : texts)
-        QTest::newRow(t[0] ? t : "(empty)") << QByteArray(t);
-    QTest::newRow("zero byte inside") << QByteArray("1\0" "5", 3);
-    QTest::newRow("zero byte at the end") << QByteArray("15\0", 3);
-}
-
-void TestCsvParse::doubles()
-{
-    QFETCH(QByteArray, text);
-    bool ok = false, qtOk = false;
-    const double fast = g_toDouble(view(text), &ok);
-    const double qt = text.toDouble(&qtOk);
-    QCOMPARE(ok, qtOk);
-    QV_COMPARE_DOUBLE(fast, qt);
-}
-
-// Plain decimals of every length and position of the point.
-void TestCsvParse::randomDoubles()
-{
-    QRandomGenerator random(1234);
-    for (int n = 0; n < 200000; ++n) {
-        QByteArray t;
-        if (random.bounded(4) == 0)
-            t += '-';
-        const int digits = 1 + int(random.bounded(20));
-        const int point = int(random.bounded(digits + 2)) - 1;  // -1: none
-        for (int d = 0; d < digits; ++d) {
-            if (d == point)
-                t += '.';
-            t += char('0' + random.bounded(10));
+    void timesOnTransitionDays()
+    {
+        QFETCH(QDate, day);
+        QString failure;
+        const QDateTime from(day.addDays(-1), QTime(22, 0));
+        const QDateTime to(day.addDays(1), QTime(2, 0));
+        // Every 7 seconds from the evening before to the night after.
+        QVERIFY2(sameTimes(stamps(from, to, 7, LocalTimeReader::WithSeconds), LocalTimeReader::WithSeconds, &failure),
+                 qPrintable(failure));
+        // Every second of the hours around the change, and local texts that do
+        // not exist (the skipped hour) or exist twice.
+        QByteArrayList texts;
+        for (int h = 0; h < 5; ++h) {
+            for (int s = 0; s < 3600; ++s)
+                texts << QDateTime(day, QTime(h, s / 60, s % 60)).toString(timeFormat(LocalTimeReader::WithSeconds)).toLatin1();
+            for (int m = 0; m < 60; m += 7)
+                texts << day.toString(QStringLiteral("dd.MM.yyyy ")).toLatin1() + QByteArray::number(100 + h).mid(1) + ':' +
+                             QByteArray::number(100 + m).mid(1) + ":30";
         }
-        if (point == digits)
-            t += '.';
+        QVERIFY2(sameTimes(texts, LocalTimeReader::WithSeconds, &failure), qPrintable(failure));
+        QByteArrayList minutes;
+        for (int m = 0; m < 5 * 60; ++m)
+            minutes << day.toString(QStringLiteral("dd.MM.yyyy ")).toLatin1() + QByteArray::number(100 + m / 60).mid(1) +
+                           ':' + QByteArray::number(100 + m % 60).mid(1);
+        QVERIFY2(sameTimes(minutes, LocalTimeReader::WithoutSeconds, &failure), qPrintable(failure));
+    }
+
+    void oddTimes_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        const char *texts[] = {
+            "31.02.2021 10:00:00", "29.02.2021 10:00:00", "29.02.2020 10:00:00", "29.02.2100 10:00:00",
+            "00.01.2021 10:00:00", "01.13.2021 10:00:00", "32.01.2021 10:00:00", "01.01.2021 24:00:00",
+            "01.01.2021 23:60:00", "01.01.2021 23:59:60", "01.01.0000 10:00:00", "01.01.9999 23:59:59",
+            "1.01.2021 10:00:00",  "01.01.21 10:00:00",   "01.01.2021 10:00:0",  "01.01.2021",
+            "01.01.2021 10:00:00 ", " 01.01.2021 10:00:00", "01-01-2021 10:00:00", "01.01.+021 10:00:00",
+            "+1.01.2021 10:00:00", "01.01.2021 10:00:00\r", "",   "garbage", "\xff\xfe\xfd", "01.01.2021 -1:00:00",
+        };
+        for (const char *t : texts)
+            QTest::newRow(t[0] ? t : "(empty)") << QByteArray(t);
+        QTest::newRow("zero byte") << QByteArray("01.01.2021 10:00:\0" "0", 19);
+    }
+
+    void oddTimes()
+    {
+        QFETCH(QByteArray, text);
+        QString failure;
+        QVERIFY2(sameTimes({text}, LocalTimeReader::WithSeconds, &failure), qPrintable(failure));
+        QVERIFY2(sameTimes({text.left(16), text}, LocalTimeReader::WithoutSeconds, &failure), qPrintable(failure));
+    }
+
+    // The cache must not carry one hour's offset into another.
+    void timesInAnyOrder()
+    {
+        QByteArrayList texts = stamps(QDateTime(QDate(2020, 3, 27), QTime(0, 0)), QDateTime(QDate(2020, 11, 1), QTime(0, 0)),
+                                      1801, LocalTimeReader::WithSeconds);
+        QRandomGenerator random(5);
+        for (int i = texts.size() - 1; i > 0; --i)
+            texts.swapItemsAt(i, int(random.bounded(i + 1)));
+        QString failure;
+        QVERIFY2(sameTimes(texts, LocalTimeReader::WithSeconds, &failure), qPrintable(failure));
+    }
+
+    void doubles_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        const char *texts[] = {
+            "-0", "0.1", "0.3", "2.675", "1.5E-3", "9007199254740993", "9007199254740991.5", "12345678901234567890",
+            "0.1234567890123456789", "0.00000000000000000000001", "1234567890123456789012.5", "2.2250738585072014e-308",
+            "1e-400", "1e400", ".5", "-.5", "5.", ".", "-", "+1.5", "1..5", "1,5", " 1.5", "1.5 ", "\t1.5", "1.5\r",
+            "1 5", "", " ", "abc", "inf", "nan", "0x10", "1e", "1e+", "00012.50", "3131961357", "\xb2", "12\xa0",
+        };
+        for (const char *t : texts)
+            QTest::newRow(t[0] ? t : "(empty)") << QByteArray(t);
+        QTest::newRow("zero byte inside") << QByteArray("1\0" "5", 3);
+        QTest::newRow("zero byte at the end") << QByteArray("15\0", 3);
+    }
+
+    void doubles()
+    {
+        QFETCH(QByteArray, text);
         bool ok = false, qtOk = false;
-        const double fast = g_toDouble(view(t), &ok);
-        const double qt = t.toDouble(&qtOk);
-        if (ok != qtOk || std::memcmp(&fast, &qt, sizeof fast) != 0)
-            QFAIL(qPrintable(QStringLiteral("%1: %2, Qt %3").arg(QLatin1String(t)).arg(fast, 0, 'g', 17).arg(qt, 0, 'g', 17)));
+        const double fast = g_toDouble(view(text), &ok);
+        const double qt = text.toDouble(&qtOk);
+        QCOMPARE(ok, qtOk);
+        QV_COMPARE_DOUBLE(fast, qt);
     }
-}
 
-void TestCsvParse::integers_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    const char *texts[] = {"0",  "7",          "007",         "-1",        "-0",        "123456789", "1234567890",
-                           "4294967295", "4294967296", "-2147483648", "-2147483649", "2147483647", "2147483648",
-                           "+5", " 5",         "5 ",          "",          "-",         "x",         "1.0",
-                           "0x1A", "99999999999999999999"};
-    for (const char *t : texts)
-        QTest::newRow(t[0] ? t : "(empty)") << QByteArray(t);
-}
-
-void TestCsvParse::integers()
-{
-    QFETCH(QByteArray, text);
-    QCOMPARE(g_toUInt(view(text)), text.toUInt());
-    QCOMPARE(g_toInt(view(text)), text.toInt());
-}
-
-void TestCsvParse::sampleValue_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<double>("value");
-    QTest::newRow("plain") << QByteArray("-12.5") << -12.5;
-    QTest::newRow("blank inside") << QByteArray("1 234.5") << 1234.5;
-    QTest::newRow("blanks and zero bytes") << QByteArray(" 1\0 2 \0" ".5", 9) << 12.5;
-    QTest::newRow("Latin-1 no-break space trimmed as text") << QByteArray("12\xa0") << 12.0;
-    QTest::newRow("tab inside") << QByteArray("1\t2") << kMissingValue;
-    QTest::newRow("letters") << QByteArray("abc") << kMissingValue;
-    QTest::newRow("empty") << QByteArray() << kMissingValue;
-}
-
-void TestCsvParse::sampleValue()
-{
-    QFETCH(QByteArray, text);
-    QFETCH(double, value);
-    QV_COMPARE_DOUBLE(g_readSampleValue(view(text)), value);
-}
-
-void TestCsvParse::lines_data()
-{
-    QTest::addColumn<QByteArray>("data");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("one line") << QByteArray("abc\n");
-    QTest::newRow("no last line end") << QByteArray("abc\ndef");
-    QTest::newRow("empty lines") << QByteArray("\n\n\nx\n\n");
-    QTest::newRow("CR LF") << QByteArray("a\r\nb\r\n");
-    QTest::newRow("zero bytes") << QByteArray("a\0b\n\0\n", 6);
-    QTest::newRow("a line longer than a block") << QByteArray(3 << 20, 'x') + "\nshort\n" + QByteArray(5000000, 'y');
-    QByteArray many;
-    for (int i = 0; i < 300000; ++i)  // append grows geometrically; a builder += would copy every time
-        many.append(QByteArray::number(i)).append(i % 3 ? "\n" : ";;\n");
-    QTest::newRow("many lines across blocks") << many;
-}
-
-void TestCsvParse::lines()
-{
-    QFETCH(QByteArray, data);
-    QBuffer reference(&data);
-    QBuffer device(&data);
-    QVERIFY(reference.open(QIODevice::ReadOnly));
-    QVERIFY(device.open(QIODevice::ReadOnly));
-    LineReader reader(device);
-    for (int n = 0;; ++n) {
-        const QByteArray expected = reference.readLine();
-        const ByteView got = reader.next();
-        if (QByteArray(got.data, int(got.size)) != expected)
-            QFAIL(qPrintable(QStringLiteral("line %1 differs").arg(n)));
-        if (expected.isEmpty())
-            break;
+    // Plain decimals of every length and position of the point.
+    void randomDoubles()
+    {
+        QRandomGenerator random(1234);
+        for (int n = 0; n < 50000; ++n) {
+            QByteArray t;
+            if (random.bounded(4) == 0)
+                t += '-';
+            const int digits = 1 + int(random.bounded(20));
+            const int point = int(random.bounded(digits + 2)) - 1;  // -1: none
+            for (int d = 0; d < digits; ++d) {
+                if (d == point)
+                    t += '.';
+                t += char('0' + random.bounded(10));
+            }
+            if (point == digits)
+                t += '.';
+            bool ok = false, qtOk = false;
+            const double fast = g_toDouble(view(t), &ok);
+            const double qt = t.toDouble(&qtOk);
+            if (ok != qtOk || std::memcmp(&fast, &qt, sizeof fast) != 0)
+                QFAIL(qPrintable(QStringLiteral("%1: %2, Qt %3").arg(QLatin1String(t)).arg(fast, 0, 'g', 17).arg(qt, 0, 'g', 17)));
+        }
     }
-    // The end stays the end; and a cut never underflows.
-    QCOMPARE(reader.next().size, qsizetype(0));
-    QCOMPARE(reader.next(2).size, qsizetype(0));
-}
 
-void TestCsvParse::fields_data()
-{
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<char>("separator");
-    QTest::addColumn<int>("withoutTrailing");
-    QTest::newRow("empty") << QByteArray() << ';' << 0;
-    QTest::newRow("one field") << QByteArray("abc") << ';' << 1;
-    QTest::newRow("three") << QByteArray("a;b;c") << ';' << 3;
-    QTest::newRow("empty fields") << QByteArray(";a;;b;") << ';' << 4;
-    QTest::newRow("separators only") << QByteArray(";;;") << ';' << 0;
-    QTest::newRow("zero byte separator") << QByteArray("a\0b\0\0", 5) << '\0' << 2;
-    QTest::newRow("twenty fields") << QByteArray("0,1,2,3,4,5,6,7,8,9,a,b,c,d,e,f,g,h,i,j") << ',' << 20;
-}
+    void integers_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        const char *texts[] = {"0",  "007", "-1", "-0", "4294967295", "4294967296", "-2147483648", "-2147483649",
+                               "2147483647", "2147483648", "+5", " 5", "5 ", "", "-", "x", "1.0", "0x1A"};
+        for (const char *t : texts)
+            QTest::newRow(t[0] ? t : "(empty)") << QByteArray(t);
+    }
 
-void TestCsvParse::fields()
-{
-    QFETCH(QByteArray, line);
-    QFETCH(char, separator);
-    QFETCH(int, withoutTrailing);
-    const QList<QByteArray> expected = line.split(separator);
-    ByteView got[17];
-    QCOMPARE(int(g_splitFields(view(line), separator, got, 17)), expected.size());
-    for (int i = 0; i < qMin(17, expected.size()); ++i)
-        QCOMPARE(QByteArray(got[i].data, int(got[i].size)), expected[i]);
-    QCOMPARE(int(g_countFieldsWithoutTrailingEmpty(view(line), separator)), withoutTrailing);
-}
+    void integers()
+    {
+        QFETCH(QByteArray, text);
+        QCOMPARE(g_toUInt(view(text)), text.toUInt());
+        QCOMPARE(g_toInt(view(text)), text.toInt());
+    }
+
+    void lines_data()
+    {
+        QTest::addColumn<QByteArray>("data");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("one line") << QByteArray("abc\n");
+        QTest::newRow("no last line end") << QByteArray("abc\ndef");
+        QTest::newRow("empty lines") << QByteArray("\n\n\nx\n\n");
+        QTest::newRow("CR LF") << QByteArray("a\r\nb\r\n");
+        QTest::newRow("zero bytes") << QByteArray("a\0b\n\0\n", 6);
+        QTest::newRow("a line longer than a block") << QByteArray(3 << 20, 'x') + "\nshort\n" + QByteArray(5000000, 'y');
+        QByteArray many;
+        for (int i = 0; i < 300000; ++i)  // append grows geometrically; a builder += would copy every time
+            many.append(QByteArray::number(i)).append(i % 3 ? "\n" : ";;\n");
+        QTest::newRow("many lines across blocks") << many;
+    }
+
+    void lines()
+    {
+        QFETCH(QByteArray, data);
+        QBuffer reference(&data);
+        QBuffer device(&data);
+        QVERIFY(reference.open(QIODevice::ReadOnly));
+        QVERIFY(device.open(QIODevice::ReadOnly));
+        LineReader reader(device);
+        for (int n = 0;; ++n) {
+            const QByteArray expected = reference.readLine();
+            const ByteView got = reader.next();
+            if (QByteArray(got.data, int(got.size)) != expected)
+                QFAIL(qPrintable(QStringLiteral("line %1 differs").arg(n)));
+            if (expected.isEmpty())
+                break;
+        }
+        // The end stays the end; and a cut never underflows.
+        QCOMPARE(reader.next().size, qsizetype(0));
+        QCOMPARE(reader.next(2).size, qsizetype(0));
+    }
+
+    void fields_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<char>("separator");
+        QTest::addColumn<int>("withoutTrailing");
+        QTest::newRow("empty") << QByteArray() << ';' << 0;
+        QTest::newRow("one field") << QByteArray("abc") << ';' << 1;
+        QTest::newRow("three") << QByteArray("a;b;c") << ';' << 3;
+        QTest::newRow("empty fields") << QByteArray(";a;;b;") << ';' << 4;
+        QTest::newRow("separators only") << QByteArray(";;;") << ';' << 0;
+        QTest::newRow("zero byte separator") << QByteArray("a\0b\0\0", 5) << '\0' << 2;
+        QTest::newRow("twenty fields") << QByteArray("0,1,2,3,4,5,6,7,8,9,a,b,c,d,e,f,g,h,i,j") << ',' << 20;
+    }
+
+    void fields()
+    {
+        QFETCH(QByteArray, line);
+        QFETCH(char, separator);
+        QFETCH(int, withoutTrailing);
+        const QList<QByteArray> expected = line.split(separator);
+        ByteView got[17];
+        QCOMPARE(int(g_splitFields(view(line), separator, got, 17)), expected.size());
+        for (int i = 0; i < qMin(17, expected.size()); ++i)
+            QCOMPARE(QByteArray(got[i].data, int(got[i].size)), expected[i]);
+        QCOMPARE(int(g_countFieldsWithoutTrailingEmpty(view(line), separator)), withoutTrailing);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestCsvParse)
 #include "tst_csvparse.moc"

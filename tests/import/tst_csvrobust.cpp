@@ -90,13 +90,148 @@ class TestCsvRobust : public QObject
     Q_OBJECT
 
 private slots:
-    void truncated();
-    void hugeLines_data();
-    void hugeLines();
-    void zeroBytes();
-    void moreRowsThanAStoreHolds();
-    void longStateLog();
-    void garbage();
+    void truncated()
+    {
+        CsvFolder folder;
+        const QByteArray files[4] = {sensorFile(40), stateFile(40), kParameters, kCard};
+        for (int which = 0; which < 4; ++which) {
+            for (int i = 0; i < 4; ++i)
+                folder.write(kNames[i], files[i]);
+            const QByteArray &whole = files[which];
+            for (int cut = 0; cut < whole.size(); cut += (cut < (which == 0 ? 150 : 60) ? 1 : 53)) {
+                folder.write(kNames[which], whole.left(cut));
+                import(folder.path(kNames[0]));
+                if (QTest::currentTestFailed())
+                    QFAIL(qPrintable(QStringLiteral("file %1 cut at %2").arg(which).arg(cut)));
+            }
+        }
+        // A whole file imports with its state track.
+        folder.write(kNames[1], files[1]);
+        import(folder.path(kNames[0]));
+        QVERIFY(m_result.ok);
+        QCOMPARE(m_model->modeCodes()->count, 40);
+    }
+
+    void hugeLines_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QByteArray>("message");
+        QTest::addColumn<int>("samples");
+
+        const QByteArray mb(3 << 20, 'x');
+        const QByteArray row = "01.01.2021 00:00:00;1;2\n";
+        QTest::newRow("line 1") << mb + "\nZeit;a;b\n" + row << QByteArray(kMsgCsvTitle) << 0;
+        QTest::newRow("line 2 ends in separators") << "K\nZeit;a;b" + QByteArray(3 << 20, ';') + "\n" + row
+                                                   << QByteArray() << 1;
+        QTest::newRow("line 2 with too many fields") << "K\n" + QByteArray(1 << 20, 'a').replace("aa", "a;") + "\n"
+                                                     << QByteArray(kMsgCsvColumns) << 0;
+        QTest::newRow("a long value") << "K\nZeit;a;b\n" + row + "01.01.2021 00:01:00;" + QByteArray(2 << 20, '7') +
+                                             ";2\n" + row
+                                      << QByteArray() << 3;
+        QTest::newRow("a long row of fields ends the data")
+            << "K\nZeit;a;b\n" + row + QByteArray(1 << 20, ';') + "\n" + row << QByteArray() << 1;
+        QTest::newRow("no line end at all") << "K;" + QByteArray(4 << 20, 'k') << QByteArray(kMsgCsvTitle) << 0;
+    }
+
+    void hugeLines()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QByteArray, message);
+        QFETCH(int, samples);
+        CsvFolder folder;
+        import(folder.write(QStringLiteral("h.csv"), file));
+        QCOMPARE(QByteArray(m_result.message), message);
+        if (message.isEmpty())
+            QCOMPARE(m_model->data(0)->count, samples);
+    }
+
+    void zeroBytes()
+    {
+        CsvFolder folder;
+        import(folder.write(QStringLiteral("z.csv"), QByteArray(1 << 20, '\0')));
+        QCOMPARE(QByteArray(m_result.message), QByteArray(kMsgCsvTitle));
+
+        // Zero bytes sprinkled into every file of a sensor set.
+        QRandomGenerator random(77);
+        const QByteArray files[4] = {sensorFile(30), stateFile(30), kParameters, kCard};
+        for (int round = 0; round < 60; ++round) {
+            for (int i = 0; i < 4; ++i) {
+                QByteArray f = files[i];
+                for (int n = int(random.bounded(4)); n > 0; --n)
+                    f[int(random.bounded(f.size()))] = '\0';
+                folder.write(kNames[i], f);
+            }
+            import(folder.path(kNames[0]));
+            if (QTest::currentTestFailed())
+                return;
+        }
+    }
+
+    // One row more than a store holds: the rows stop at the store's end.
+    void moreRowsThanAStoreHolds()
+    {
+        // A fresh model: the state track flag of an earlier import would make the
+        // plausibility pass reject these values.
+        m_model = std::make_unique<ChartModel>();
+        QByteArray f = "K\nZeit;a;b\n";
+        f.reserve(kMaxSamples * 40);
+        for (int k = 0; k <= kMaxSamples; ++k)
+            f += clockText(QDate(2021, 1, 1), k) + ";" + QByteArray::number(k) + ";1\n";
+        CsvFolder folder;
+        import(folder.write(QStringLiteral("big.csv"), f));
+        QVERIFY(m_result.ok);
+        QCOMPARE(m_model->data(0)->count, kMaxSamples);
+        QCOMPARE(m_model->data(1)->count, kMaxSamples);
+        QV_COMPARE_DOUBLE(m_model->data(0)->value[kMaxSamples - 1], double(kMaxSamples - 1));
+        QCOMPARE(m_model->settings.lastTime,
+                 QDateTime(QDate(2021, 1, 1), QTime(0, 0)).addSecs(kMaxSamples - 1).toMSecsSinceEpoch());
+        QCOMPARE(m_model->settings.rangeSampleCount, kMaxSamples);
+        QCOMPARE(m_model->settings.sampleInterval, 1);
+    }
+
+    void longStateLog()
+    {
+        CsvFolder folder;
+        folder.write(kNames[1], stateFile(kMaxSamples + 1));
+        folder.write(kNames[2], kParameters);
+        folder.write(kNames[3], kCard);
+        import(folder.write(kNames[0], sensorFile(3)));
+        QVERIFY(m_result.ok);
+        QCOMPARE(m_model->modeCodes()->count, kMaxSamples);
+        QCOMPARE(int(m_model->modeCodes()->code[kMaxSamples - 1]), 5);
+    }
+
+    void garbage()
+    {
+        CsvFolder folder;
+        QRandomGenerator random(2024);
+        auto bytes = [&random](int size) {
+            QByteArray b(size, Qt::Uninitialized);
+            for (char &c : b)
+                c = char(random.bounded(256));
+            return b;
+        };
+        // Pure garbage, garbage after a sensor title (reaching the siblings), and
+        // garbage siblings behind a good sensor file.
+        for (int round = 0; round < 40; ++round) {
+            const int size = int(random.bounded(1 << (4 + round % 13)));
+            folder.write(kNames[0], bytes(size));
+            import(folder.path(kNames[0]));
+            folder.write(kNames[0], "SENSORWERTE\n" + bytes(size));
+            for (int i = 1; i < 4; ++i)
+                folder.write(kNames[i], bytes(int(random.bounded(4096))));
+            import(folder.path(kNames[0]));
+            folder.write(kNames[0], sensorFile(5));
+            folder.write(kNames[1], "STATUS LOG\n\n" + bytes(size));
+            import(folder.path(kNames[0]));
+            folder.write(kNames[1], stateFile(5));
+            folder.write(kNames[2], "PARAMETER\n\n" + bytes(size));
+            folder.write(kNames[3], "PARAMETER SDKARTE\n\n" + bytes(size));
+            import(folder.path(kNames[0]), round % 2);
+            if (QTest::currentTestFailed())
+                return;
+        }
+    }
 
 private:
     void import(const QString &path, bool answer = true);
@@ -110,151 +245,6 @@ void TestCsvRobust::import(const QString &path, bool answer)
     m_result = g_importControllerCsv(path, *m_model, host);
     QString why;
     QVERIFY2(sane(*m_model, m_result, &why), qPrintable(why));
-}
-
-void TestCsvRobust::truncated()
-{
-    CsvFolder folder;
-    const QByteArray files[4] = {sensorFile(40), stateFile(40), kParameters, kCard};
-    for (int which = 0; which < 4; ++which) {
-        for (int i = 0; i < 4; ++i)
-            folder.write(kNames[i], files[i]);
-        const QByteArray &whole = files[which];
-        for (int cut = 0; cut < whole.size(); cut += (cut < (which == 0 ? 150 : 60) ? 1 : 53)) {
-            folder.write(kNames[which], whole.left(cut));
-            import(folder.path(kNames[0]));
-            if (QTest::currentTestFailed())
-                QFAIL(qPrintable(QStringLiteral("file %1 cut at %2").arg(which).arg(cut)));
-        }
-    }
-    // A whole file imports with its state track.
-    folder.write(kNames[1], files[1]);
-    import(folder.path(kNames[0]));
-    QVERIFY(m_result.ok);
-    QCOMPARE(m_model->modeCodes()->count, 40);
-}
-
-void TestCsvRobust::hugeLines_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QByteArray>("message");
-    QTest::addColumn<int>("samples");
-
-    const QByteArray mb(3 << 20, 'x');
-    const QByteArray row = "01.01.2021 00:00:00;1;2\n";
-    QTest::newRow("line 1") << mb + "\nZeit;a;b\n" + row << QByteArray(kMsgCsvTitle) << 0;
-    QTest::newRow("line 2 ends in separators") << "K\nZeit;a;b" + QByteArray(3 << 20, ';') + "\n" + row
-                                               << QByteArray() << 1;
-    QTest::newRow("line 2 with a long name") << "K\nZeit;a;" + mb + "\n" + row << QByteArray() << 1;
-    QTest::newRow("line 2 with too many fields") << "K\n" + QByteArray(1 << 20, 'a').replace("aa", "a;") + "\n"
-                                                 << QByteArray(kMsgCsvColumns) << 0;
-    QTest::newRow("a long value") << "K\nZeit;a;b\n" + row + "01.01.2021 00:01:00;" + QByteArray(2 << 20, '7') +
-                                         ";2\n" + row
-                                  << QByteArray() << 3;
-    QTest::newRow("a long time") << "K\nZeit;a;b\n" + mb + ";1;2\n" << QByteArray() << 1;
-    QTest::newRow("a long row of fields ends the data")
-        << "K\nZeit;a;b\n" + row + QByteArray(1 << 20, ';') + "\n" + row << QByteArray() << 1;
-    QTest::newRow("no line end at all") << "K;" + QByteArray(4 << 20, 'k') << QByteArray(kMsgCsvTitle) << 0;
-}
-
-void TestCsvRobust::hugeLines()
-{
-    QFETCH(QByteArray, file);
-    QFETCH(QByteArray, message);
-    QFETCH(int, samples);
-    CsvFolder folder;
-    import(folder.write(QStringLiteral("h.csv"), file));
-    QCOMPARE(QByteArray(m_result.message), message);
-    if (message.isEmpty())
-        QCOMPARE(m_model->data(0)->count, samples);
-}
-
-void TestCsvRobust::zeroBytes()
-{
-    CsvFolder folder;
-    import(folder.write(QStringLiteral("z.csv"), QByteArray(1 << 20, '\0')));
-    QCOMPARE(QByteArray(m_result.message), QByteArray(kMsgCsvTitle));
-
-    // Zero bytes sprinkled into every file of a sensor set.
-    QRandomGenerator random(77);
-    const QByteArray files[4] = {sensorFile(30), stateFile(30), kParameters, kCard};
-    for (int round = 0; round < 60; ++round) {
-        for (int i = 0; i < 4; ++i) {
-            QByteArray f = files[i];
-            for (int n = int(random.bounded(4)); n > 0; --n)
-                f[int(random.bounded(f.size()))] = '\0';
-            folder.write(kNames[i], f);
-        }
-        import(folder.path(kNames[0]));
-        if (QTest::currentTestFailed())
-            return;
-    }
-}
-
-// One row more than a store holds: the rows stop at the store's end.
-void TestCsvRobust::moreRowsThanAStoreHolds()
-{
-    // A fresh model: the state track flag of an earlier import would make the
-    // plausibility pass reject these values.
-    m_model = std::make_unique<ChartModel>();
-    QByteArray f = "K\nZeit;a;b\n";
-    f.reserve(kMaxSamples * 40);
-    for (int k = 0; k <= kMaxSamples; ++k)
-        f += clockText(QDate(2021, 1, 1), k) + ";" + QByteArray::number(k) + ";1\n";
-    CsvFolder folder;
-    import(folder.write(QStringLiteral("big.csv"), f));
-    QVERIFY(m_result.ok);
-    QCOMPARE(m_model->data(0)->count, kMaxSamples);
-    QCOMPARE(m_model->data(1)->count, kMaxSamples);
-    QV_COMPARE_DOUBLE(m_model->data(0)->value[kMaxSamples - 1], double(kMaxSamples - 1));
-    QCOMPARE(m_model->settings.lastTime,
-             QDateTime(QDate(2021, 1, 1), QTime(0, 0)).addSecs(kMaxSamples - 1).toMSecsSinceEpoch());
-    QCOMPARE(m_model->settings.rangeSampleCount, kMaxSamples);
-    QCOMPARE(m_model->settings.sampleInterval, 1);
-}
-
-void TestCsvRobust::longStateLog()
-{
-    CsvFolder folder;
-    folder.write(kNames[1], stateFile(kMaxSamples + 1));
-    folder.write(kNames[2], kParameters);
-    folder.write(kNames[3], kCard);
-    import(folder.write(kNames[0], sensorFile(3)));
-    QVERIFY(m_result.ok);
-    QCOMPARE(m_model->modeCodes()->count, kMaxSamples);
-    QCOMPARE(int(m_model->modeCodes()->code[kMaxSamples - 1]), 5);
-}
-
-void TestCsvRobust::garbage()
-{
-    CsvFolder folder;
-    QRandomGenerator random(2024);
-    auto bytes = [&random](int size) {
-        QByteArray b(size, Qt::Uninitialized);
-        for (char &c : b)
-            c = char(random.bounded(256));
-        return b;
-    };
-    // Pure garbage, garbage after a sensor title (reaching the siblings), and
-    // garbage siblings behind a good sensor file.
-    for (int round = 0; round < 40; ++round) {
-        const int size = int(random.bounded(1 << (4 + round % 13)));
-        folder.write(kNames[0], bytes(size));
-        import(folder.path(kNames[0]));
-        folder.write(kNames[0], "SENSORWERTE\n" + bytes(size));
-        for (int i = 1; i < 4; ++i)
-            folder.write(kNames[i], bytes(int(random.bounded(4096))));
-        import(folder.path(kNames[0]));
-        folder.write(kNames[0], sensorFile(5));
-        folder.write(kNames[1], "STATUS LOG\n\n" + bytes(size));
-        import(folder.path(kNames[0]));
-        folder.write(kNames[1], stateFile(5));
-        folder.write(kNames[2], "PARAMETER\n\n" + bytes(size));
-        folder.write(kNames[3], "PARAMETER SDKARTE\n\n" + bytes(size));
-        import(folder.path(kNames[0]), round % 2);
-        if (QTest::currentTestFailed())
-            return;
-    }
 }
 
 QTEST_GUILESS_MAIN(TestCsvRobust)

@@ -135,142 +135,139 @@ class TestLogSiblings : public QObject
     Q_OBJECT
 
 private slots:
-    void siblings_data();
-    void siblings();
+    void siblings_data()
+    {
+        QTest::addColumn<QString>("name");      // of the sensor log; siblings alike with 02..04
+        QTest::addColumn<int>("fault");
+        QTest::addColumn<qint32>("stateShift");  // seconds the state log starts after the sensor log
+        QTest::addColumn<qint32>("start");       // start row of both logs
+        QTest::addColumn<bool>("answer");
+        QTest::addColumn<bool>("asked");
+        QTest::addColumn<QByteArray>("message");  // empty: success
+        QTest::addColumn<QVector<qint8>>("codes");  // null: no state data
+
+        const QByteArray ext("Error while loading additional vaporix files!");
+        const QString upper = QStringLiteral("SV_SA_01.LOG");
+        const QVector<qint8> none;
+        const QVector<qint8> all = kStateCodes;
+
+        QTest::newRow("in step") << upper << int(NoFault) << 0 << 0 << true << true << QByteArray() << all;
+        QTest::newRow("lower-case name") << QStringLiteral("sv_sa_01.log") << int(NoFault) << 0 << 0 << true << true
+                                         << QByteArray() << all;
+        QTest::newRow("SV_SA_1.LOG is no sensor log name") << QStringLiteral("SV_SA_1.LOG") << int(NoFault) << 0 << 0
+                                                           << true << false << QByteArray() << none;
+        QTest::newRow("declined") << upper << int(NoFault) << 0 << 0 << false << true << QByteArray() << none;
+        QTest::newRow("04 missing") << upper << int(Missing04) << 0 << 0 << true << false << QByteArray() << none;
+        // k = 2 (2 intervals and 59 s, truncated): two rows of no data first.
+        QTest::newRow("state log 2 rows late") << upper << int(NoFault) << 2 * kInterval + 59 << 0 << true << true
+                                               << QByteArray() << QVector<qint8>{10, 10, 5, 2, 1, 11};
+        // k = -1: its first row is skipped.
+        QTest::newRow("state log 1 row early") << upper << int(NoFault) << -kInterval - 59 << 0 << true << true
+                                               << QByteArray() << all.mid(1);
+        QTest::newRow("state log 3 rows late: out of step") << upper << int(NoFault) << 3 * kInterval << 0 << true
+                                                            << true << ext << none;
+        QTest::newRow("state log 3 rows early: out of step") << upper << int(NoFault) << -3 * kInterval << 0 << true
+                                                             << true << ext << none;
+        // The repair moves the state log's start as well, so it stays in step.
+        QTest::newRow("overflow repair carried over") << upper << int(NoFault) << 0 << 2 << true << true << QByteArray()
+                                                      << all;
+        QTest::newRow("04 magic") << upper << int(Magic04) << 0 << 0 << true << true << ext << none;
+        QTest::newRow("03 title") << upper << int(Title03) << 0 << 0 << true << true << ext << none;
+        QTest::newRow("02 data short") << upper << int(ShortData02) << 0 << 0 << true << true << ext << none;
+        QTest::newRow("03 without data sets") << upper << int(NoSets03) << 0 << 0 << true << true << ext << none;
+        QTest::newRow("04 header short") << upper << int(ShortHeader04) << 0 << 0 << true << true << ext << none;
+    }
+
+    void siblings()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, fault);
+        QFETCH(qint32, stateShift);
+        QFETCH(qint32, start);
+        QFETCH(bool, answer);
+        QFETCH(bool, asked);
+        QFETCH(QByteArray, message);
+        QFETCH(QVector<qint8>, codes);
+
+        qvlog::LogLayout logs[4] = {sensorLog(start), stateLog(start, quint32(qint64(kStart) + stateShift)), parameterLog(),
+                                  cardLog()};
+        if (start != 0) {
+            // Rows before the start hold the same recording: the repair reads them.
+            logs[0] = sensorLog(0);
+            logs[0].oldestOffset = start * 12 * 4;
+            logs[0].rows = 8 - quint32(start);
+            logs[0].startTime = kStart + quint32(start * kInterval);
+            logs[1] = stateLog(0, logs[0].startTime);
+            logs[1].oldestOffset = start * 5 * 4;
+            logs[1].rows = logs[0].rows;
+        }
+        if (fault == Title03)
+            logs[2].title = "PARAMETERS";
+        if (fault == NoSets03)
+            logs[2].count = 0;
+        QByteArray files[4];
+        for (int i = 0; i < 4; ++i)
+            files[i] = qvlog::file(logs[i]);
+        if (fault == Magic04)
+            files[3][0] = 's';
+        if (fault == ShortData02)
+            files[1].chop(1);
+        if (fault == ShortHeader04)
+            files[3] = files[3].left(64 + 3007);
+
+        CsvFolder folder;
+        const QString path = folder.write(name, files[0]);
+        for (int i = 1; i < 4; ++i) {
+            QString sibling = name.contains(QLatin1String("01")) ? name : QStringLiteral("SV_SA_01.LOG");
+            sibling.replace(QLatin1String("01"), QStringLiteral("0%1").arg(i + 1));
+            if (!(fault == Missing04 && i == 3))
+                folder.write(sibling, files[i]);
+        }
+        ScriptedHost host(answer);
+        ImportRun run;
+        run.result = g_importControllerLog(path, *run.model, host);
+        QStringList questions;
+        if (start != 0)
+            questions << QStringLiteral("Quorvanta|Try to fix Solvanor firmware overflow bug?");
+        if (asked)
+            questions << QLatin1String(kAskSiblings);
+        QCOMPARE(host.questions, questions);
+        if (message.isEmpty()) {
+            QVERIFY2(run.result.ok, run.result.message);
+        } else {
+            QVERIFY(!run.result.ok);
+            QCOMPARE(QByteArray(run.result.message), message);
+        }
+
+        // The sensor rows are in the stores in every case.
+        const ChartModel &m = *run.model;
+        const settingsT &s = m.settings;
+        QCOMPARE(m.data(0)->count, 8);
+        QCOMPARE(m.data(11)->time[7], (qint64(kStart) + 3600 + 7 * kInterval) * 1000);
+        QCOMPARE(m.data(3)->value[4], 9.0);
+        const bool loaded = !codes.isEmpty();
+        QCOMPARE(int(s.hasModeData), int(loaded));
+        if (!loaded) {
+            QCOMPARE(s.flags, kFlagShowTitle);
+            QCOMPARE(g_buffer2QString(s.name[0], kNameWidth), QStringLiteral("Spalte 0"));
+            QCOMPARE(m.data(1)->value[4], 70.0);  // no plausibility pass
+            if (message.isEmpty())
+                QV_COMPARE_BYTES(QByteArray(reinterpret_cast<const char *>(m.modeCodes()), int(sizeof(modeCodesT))),
+                                 expectedCodes({}));
+            return;
+        }
+        QCOMPARE(s.flags, kFlagShowTitle | kFlagShowModeTrack);
+        QCOMPARE(g_buffer2QString(s.name[0], kNameWidth), QStringLiteral("abs. Feuchte Aussen"));
+        QV_COMPARE_BYTES(QByteArray(reinterpret_cast<const char *>(m.modeCodes()), int(sizeof(modeCodesT))),
+                         expectedCodes(codes));
+        QV_COMPARE_BYTES(QByteArray(reinterpret_cast<const char *>(m.modeParameters()), int(sizeof(modeParametersT))),
+                         expectedParameters());
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(g_isMissing(m.data(i)->value[4]));
+        QCOMPARE(host.progressCalls.mid(host.progressCalls.size() - 5),
+                 (QVector<QPair<int, int>>{{1, 255}, {10, 255}, {180, 255}, {250, 255}, {255, 255}}));
+    }
 };
-
-void TestLogSiblings::siblings_data()
-{
-    QTest::addColumn<QString>("name");      // of the sensor log; siblings alike with 02..04
-    QTest::addColumn<int>("fault");
-    QTest::addColumn<qint32>("stateShift");  // seconds the state log starts after the sensor log
-    QTest::addColumn<qint32>("start");       // start row of both logs
-    QTest::addColumn<bool>("answer");
-    QTest::addColumn<bool>("asked");
-    QTest::addColumn<QByteArray>("message");  // empty: success
-    QTest::addColumn<QVector<qint8>>("codes");  // null: no state data
-
-    const QByteArray ext("Error while loading additional vaporix files!");
-    const QString upper = QStringLiteral("SV_SA_01.LOG");
-    const QVector<qint8> none;
-    const QVector<qint8> all = kStateCodes;
-
-    QTest::newRow("in step") << upper << int(NoFault) << 0 << 0 << true << true << QByteArray() << all;
-    QTest::newRow("lower-case name") << QStringLiteral("sv_sa_01.log") << int(NoFault) << 0 << 0 << true << true
-                                     << QByteArray() << all;
-    QTest::newRow("SV_SA_1.LOG is no sensor log name") << QStringLiteral("SV_SA_1.LOG") << int(NoFault) << 0 << 0
-                                                       << true << false << QByteArray() << none;
-    QTest::newRow("declined") << upper << int(NoFault) << 0 << 0 << false << true << QByteArray() << none;
-    QTest::newRow("04 missing") << upper << int(Missing04) << 0 << 0 << true << false << QByteArray() << none;
-    // k = 2 (2 intervals and 59 s, truncated): two rows of no data first.
-    QTest::newRow("state log 2 rows late") << upper << int(NoFault) << 2 * kInterval + 59 << 0 << true << true
-                                           << QByteArray() << QVector<qint8>{10, 10, 5, 2, 1, 11};
-    // k = -1: its first row is skipped.
-    QTest::newRow("state log 1 row early") << upper << int(NoFault) << -kInterval - 59 << 0 << true << true
-                                           << QByteArray() << all.mid(1);
-    QTest::newRow("state log 3 rows late: out of step") << upper << int(NoFault) << 3 * kInterval << 0 << true
-                                                        << true << ext << none;
-    QTest::newRow("state log 3 rows early: out of step") << upper << int(NoFault) << -3 * kInterval << 0 << true
-                                                         << true << ext << none;
-    // The repair moves the state log's start as well, so it stays in step.
-    QTest::newRow("overflow repair carried over") << upper << int(NoFault) << 0 << 2 << true << true << QByteArray()
-                                                  << all;
-    QTest::newRow("04 magic") << upper << int(Magic04) << 0 << 0 << true << true << ext << none;
-    QTest::newRow("03 title") << upper << int(Title03) << 0 << 0 << true << true << ext << none;
-    QTest::newRow("02 data short") << upper << int(ShortData02) << 0 << 0 << true << true << ext << none;
-    QTest::newRow("03 without data sets") << upper << int(NoSets03) << 0 << 0 << true << true << ext << none;
-    QTest::newRow("04 header short") << upper << int(ShortHeader04) << 0 << 0 << true << true << ext << none;
-}
-
-void TestLogSiblings::siblings()
-{
-    QFETCH(QString, name);
-    QFETCH(int, fault);
-    QFETCH(qint32, stateShift);
-    QFETCH(qint32, start);
-    QFETCH(bool, answer);
-    QFETCH(bool, asked);
-    QFETCH(QByteArray, message);
-    QFETCH(QVector<qint8>, codes);
-
-    qvlog::LogLayout logs[4] = {sensorLog(start), stateLog(start, quint32(qint64(kStart) + stateShift)), parameterLog(),
-                              cardLog()};
-    if (start != 0) {
-        // Rows before the start hold the same recording: the repair reads them.
-        logs[0] = sensorLog(0);
-        logs[0].oldestOffset = start * 12 * 4;
-        logs[0].rows = 8 - quint32(start);
-        logs[0].startTime = kStart + quint32(start * kInterval);
-        logs[1] = stateLog(0, logs[0].startTime);
-        logs[1].oldestOffset = start * 5 * 4;
-        logs[1].rows = logs[0].rows;
-    }
-    if (fault == Title03)
-        logs[2].title = "PARAMETERS";
-    if (fault == NoSets03)
-        logs[2].count = 0;
-    QByteArray files[4];
-    for (int i = 0; i < 4; ++i)
-        files[i] = qvlog::file(logs[i]);
-    if (fault == Magic04)
-        files[3][0] = 's';
-    if (fault == ShortData02)
-        files[1].chop(1);
-    if (fault == ShortHeader04)
-        files[3] = files[3].left(64 + 3007);
-
-    CsvFolder folder;
-    const QString path = folder.write(name, files[0]);
-    for (int i = 1; i < 4; ++i) {
-        QString sibling = name.contains(QLatin1String("01")) ? name : QStringLiteral("SV_SA_01.LOG");
-        sibling.replace(QLatin1String("01"), QStringLiteral("0%1").arg(i + 1));
-        if (!(fault == Missing04 && i == 3))
-            folder.write(sibling, files[i]);
-    }
-    ScriptedHost host(answer);
-    ImportRun run;
-    run.result = g_importControllerLog(path, *run.model, host);
-    QStringList questions;
-    if (start != 0)
-        questions << QStringLiteral("Quorvanta|Try to fix Solvanor firmware overflow bug?");
-    if (asked)
-        questions << QLatin1String(kAskSiblings);
-    QCOMPARE(host.questions, questions);
-    if (message.isEmpty()) {
-        QVERIFY2(run.result.ok, run.result.message);
-    } else {
-        QVERIFY(!run.result.ok);
-        QCOMPARE(QByteArray(run.result.message), message);
-    }
-
-    // The sensor rows are in the stores in every case.
-    const ChartModel &m = *run.model;
-    const settingsT &s = m.settings;
-    QCOMPARE(m.data(0)->count, 8);
-    QCOMPARE(m.data(11)->time[7], (qint64(kStart) + 3600 + 7 * kInterval) * 1000);
-    QCOMPARE(m.data(3)->value[4], 9.0);
-    const bool loaded = !codes.isEmpty();
-    QCOMPARE(int(s.hasModeData), int(loaded));
-    if (!loaded) {
-        QCOMPARE(s.flags, kFlagShowTitle);
-        QCOMPARE(g_buffer2QString(s.name[0], kNameWidth), QStringLiteral("Spalte 0"));
-        QCOMPARE(m.data(1)->value[4], 70.0);  // no plausibility pass
-        if (message.isEmpty())
-            QV_COMPARE_BYTES(QByteArray(reinterpret_cast<const char *>(m.modeCodes()), int(sizeof(modeCodesT))),
-                             expectedCodes({}));
-        return;
-    }
-    QCOMPARE(s.flags, kFlagShowTitle | kFlagShowModeTrack);
-    QCOMPARE(g_buffer2QString(s.name[0], kNameWidth), QStringLiteral("abs. Feuchte Aussen"));
-    QV_COMPARE_BYTES(QByteArray(reinterpret_cast<const char *>(m.modeCodes()), int(sizeof(modeCodesT))),
-                     expectedCodes(codes));
-    QV_COMPARE_BYTES(QByteArray(reinterpret_cast<const char *>(m.modeParameters()), int(sizeof(modeParametersT))),
-                     expectedParameters());
-    for (int i = 0; i < 3; ++i)
-        QVERIFY(g_isMissing(m.data(i)->value[4]));
-    QCOMPARE(host.progressCalls.mid(host.progressCalls.size() - 5),
-             (QVector<QPair<int, int>>{{1, 255}, {10, 255}, {180, 255}, {250, 255}, {255, 255}}));
-}
 
 QTEST_GUILESS_MAIN(TestLogSiblings)
 #include "tst_logsiblings.moc"
