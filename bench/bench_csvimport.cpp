@@ -18,14 +18,6 @@
 
 namespace {
 
-class QuietHost : public qv::ImportHost
-{
-public:
-    bool askYesNo(const QString &, const QString &) override { return false; }
-    void warn(const QString &) override {}
-    void progress(int, int) override {}
-};
-
 QByteArray makeFile(int rows, int sets)
 {
     QByteArray f = "Messung Halle 3\nDatum Uhrzeit";
@@ -105,7 +97,7 @@ int main(int argc, char *argv[])
                 QDateTime::currentDateTime().timeZoneAbbreviation().toLatin1().constData());
 
     auto model = std::make_unique<qv::ChartModel>();
-    QuietHost host;
+    qv::FixedAnswerHost host(false);
     double best = 1e9;
     for (int run = 0; run < 3; ++run) {
         qv::FileResult result;

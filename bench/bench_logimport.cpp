@@ -14,18 +14,6 @@
 #include <cstdio>
 #include <memory>
 
-namespace {
-
-class QuietHost : public qv::ImportHost
-{
-public:
-    bool askYesNo(const QString &, const QString &) override { return true; }
-    void warn(const QString &) override {}
-    void progress(int, int) override {}
-};
-
-}  // namespace
-
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
@@ -51,7 +39,7 @@ int main(int argc, char **argv)
     f.close();
 
     auto model = std::make_unique<qv::ChartModel>();
-    QuietHost host;
+    qv::FixedAnswerHost host(true);
     double best = 1e9;
     for (int run = 0; run < 5; ++run) {
         bool ok = false;

@@ -16,15 +16,6 @@
 
 namespace {
 
-class QuietHost : public qv::ImportHost
-{
-public:
-    bool askYesNo(const QString &, const QString &) override { return false; }
-    void warn(const QString &) override { ++warnings; }
-    void progress(int, int) override {}
-    int warnings = 0;
-};
-
 QByteArray padded(const char *text, int width)
 {
     return QByteArray(text).leftJustified(width, ' ', true);
@@ -67,7 +58,7 @@ int main(int argc, char **argv)
     }
     for (int run = 0; run < 3; ++run) {
         auto model = std::make_unique<qv::ChartModel>();
-        QuietHost host;
+        qv::FixedAnswerHost host(false);
         qv::FileResult result;
         const double s = qvbench::seconds([&] { result = qv::g_importVisCsv(path, *model, host); });
         std::printf("vaporix-VIS import, %d lines: %.3f s (%s, %d samples, %d warnings; target <= 0.5 s)\n", lines, s,

@@ -18,4 +18,19 @@ public:
     virtual void progress(int mainValue, int detailValue) = 0;
 };
 
+// Answers every question the same way, counts warnings and ignores progress:
+// for benchmarks, fuzzing and other unattended runs.
+class FixedAnswerHost : public ImportHost
+{
+public:
+    explicit FixedAnswerHost(bool yes) : m_yes(yes) {}
+    bool askYesNo(const QString &, const QString &) override { return m_yes; }
+    void warn(const QString &) override { ++warnings; }
+    void progress(int, int) override {}
+    int warnings = 0;
+
+private:
+    bool m_yes;
+};
+
 }  // namespace qv

@@ -10,7 +10,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QtTest>
 
 #include <cstring>
@@ -28,15 +27,8 @@ struct Run {
 
 Run cli(const QStringList &arguments)
 {
-    QProcess p;
-    p.start(QStringLiteral(QV_CLI_PATH), arguments);
-    Run r;
-    if (!p.waitForFinished(120000))
-        return r;
-    r.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -2;
-    r.out = QString::fromUtf8(p.readAllStandardOutput());
-    r.err = QString::fromUtf8(p.readAllStandardError());
-    return r;
+    const qvtest::ProgramRun p = qvtest::runProgram(QStringLiteral(QV_CLI_PATH), arguments);
+    return Run{p.exitCode, QString::fromUtf8(p.out), QString::fromUtf8(p.err)};
 }
 
 std::unique_ptr<ChartModel> sampleModel()

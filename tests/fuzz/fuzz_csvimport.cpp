@@ -2,6 +2,7 @@
 // bytes 00 FF 00 FF into up to four files: the sampling (..._TS01.CSV) and its
 // state log, parameter and card parameter siblings, so every section is
 // reached. Every question is answered Yes.
+#include "fuzzinput.h"
 #include "import/csvimport.h"
 
 #include <QByteArray>
@@ -13,14 +14,6 @@
 #include <memory>
 
 namespace {
-
-class YesHost : public qv::ImportHost
-{
-public:
-    bool askYesNo(const QString &, const QString &) override { return true; }
-    void warn(const QString &) override {}
-    void progress(int, int) override {}
-};
 
 struct Fixture {
     QTemporaryDir dir;
@@ -38,15 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     static Fixture fixture;
 
     const QByteArray input = QByteArray::fromRawData(reinterpret_cast<const char *>(data), int(size));
-    const QByteArray cut("\x00\xff\x00\xff", 4);
-    QList<QByteArray> parts;
-    for (int from = 0; parts.size() < 4;) {
-        const int at = parts.size() < 3 ? input.indexOf(cut, from) : -1;
-        parts << input.mid(from, at < 0 ? -1 : at - from);
-        if (at < 0)
-            break;
-        from = at + cut.size();
-    }
+    const QList<QByteArray> parts = qvfuzz::splitIntoFiles(input);
     for (int i = 0; i < 4; ++i) {
         QFile f(fixture.path(i));
         if (i >= parts.size())
@@ -56,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     }
     // A fresh model each time, so that no run depends on the one before.
     auto model = std::make_unique<qv::ChartModel>();
-    YesHost host;
+    qv::FixedAnswerHost host(true);
     qv::g_importControllerCsv(fixture.path(0), *model, host);
     return 0;
 }

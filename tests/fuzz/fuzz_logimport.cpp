@@ -5,6 +5,7 @@
 // packed: its bytes fill the header fields the importer reads (the first 0x38
 // header bytes, the times block at 0xAC4 and the 16 descriptors), the rest is
 // the data block, behind the right magic.
+#include "fuzzinput.h"
 #include "import/logimport.h"
 
 #include <QByteArray>
@@ -64,15 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         return 0;
 
     const QByteArray input = QByteArray::fromRawData(reinterpret_cast<const char *>(data) + 1, int(size - 1));
-    const QByteArray cut("\x00\xff\x00\xff", 4);
-    QList<QByteArray> parts;
-    for (int from = 0; parts.size() < 4;) {
-        const int at = parts.size() < 3 ? input.indexOf(cut, from) : -1;
-        parts << input.mid(from, at < 0 ? -1 : at - from);
-        if (at < 0)
-            break;
-        from = at + cut.size();
-    }
+    const QList<QByteArray> parts = qvfuzz::splitIntoFiles(input);
     for (int i = 0; i < 4; ++i) {
         QFile f(dir.filePath(QStringLiteral("SV_SA_0%1.LOG").arg(i + 1)));
         if (i >= parts.size())

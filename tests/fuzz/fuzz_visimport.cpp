@@ -10,18 +10,6 @@
 #include <cstdint>
 #include <memory>
 
-namespace {
-
-class QuietHost : public qv::ImportHost
-{
-public:
-    bool askYesNo(const QString &, const QString &) override { return true; }
-    void warn(const QString &) override {}
-    void progress(int, int) override {}
-};
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static int argc = 1;
@@ -37,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     f.write(reinterpret_cast<const char *>(data), qint64(size));
     f.close();
     auto model = std::make_unique<qv::ChartModel>();
-    QuietHost host;
+    qv::FixedAnswerHost host(true);
     qv::g_importVisCsv(path, *model, host);
     return 0;
 }

@@ -12,7 +12,6 @@
 #include "logwriter.h"
 #include "project/projectfile.h"
 
-#include <QProcess>
 #include <QtTest>
 
 using namespace qv;
@@ -20,21 +19,9 @@ using namespace qvtest;
 
 namespace {
 
-struct CliRun {
-    int exitCode = -1;
-    QByteArray errors;
-};
-
-CliRun runCli(const QStringList &arguments)
+ProgramRun runCli(const QStringList &arguments)
 {
-    QProcess p;
-    p.start(QStringLiteral(QV_CLI_PATH), arguments);
-    CliRun r;
-    if (!p.waitForFinished(120000))
-        return r;
-    r.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    r.errors = p.readAllStandardError();
-    return r;
+    return runProgram(QStringLiteral(QV_CLI_PATH), arguments);
 }
 
 // A plain controller CSV with decimals that vary and missing values.
@@ -174,10 +161,10 @@ private slots:
         }
         QVERIFY2(QFile::exists(input), qPrintable(input));
         const QString output = folder.path(QStringLiteral("cli.qvj"));
-        const CliRun run = runCli(QStringList{QStringLiteral("convert")} + options +
+        const ProgramRun run = runCli(QStringList{QStringLiteral("convert")} + options +
                                   QStringList{input, QStringLiteral("-o"), output, QStringLiteral("--changed-time"),
                                               QStringLiteral("0")});
-        QVERIFY2(run.exitCode == 0, run.errors.constData());
+        QVERIFY2(run.exitCode == 0, run.err.constData());
 
         ChartModel model;
         ScriptedHost host(yes);
@@ -187,7 +174,7 @@ private slots:
             QCOMPARE(model.data(0)->count, samples);
         QCOMPARE(bool(model.settings.hasModeData), modes);
         if (modes && kind == QLatin1String("csv"))
-            QVERIFY(run.errors.contains("File seems to be part of a vaporix sampling."));
+            QVERIFY(run.err.contains("File seems to be part of a vaporix sampling."));
         SaveOptions save;
         save.changedTime = 0;
         const QString saved = folder.path(QStringLiteral("direct.qvj"));
@@ -215,9 +202,9 @@ private slots:
         CsvFolder folder;
         const QString input = folder.write(QStringLiteral("bad.csv"), content);
         const QString output = folder.path(QStringLiteral("bad.qvj"));
-        const CliRun run = runCli({QStringLiteral("convert"), input, QStringLiteral("-o"), output});
+        const ProgramRun run = runCli({QStringLiteral("convert"), input, QStringLiteral("-o"), output});
         QCOMPARE(run.exitCode, 1);
-        QVERIFY2(run.errors.contains(message), run.errors.constData());
+        QVERIFY2(run.err.contains(message), run.err.constData());
         QVERIFY(!QFile::exists(output));
     }
 };

@@ -1,6 +1,7 @@
 #include "testsupport.h"
 
 #include <QFile>
+#include <QProcess>
 
 #include <cstring>
 
@@ -27,6 +28,20 @@ QByteArray bigEndian32(quint32 v)
 QByteArray item(const QByteArray &bytes)
 {
     return bigEndian32(quint32(bytes.size())) + bytes;
+}
+
+ProgramRun runProgram(const QString &program, const QStringList &arguments)
+{
+    QProcess p;
+    p.start(program, arguments);
+    ProgramRun r;
+    if (!p.waitForFinished(120000))
+        return r;
+    if (p.exitStatus() == QProcess::NormalExit)
+        r.exitCode = p.exitCode();
+    r.out = p.readAllStandardOutput();
+    r.err = p.readAllStandardError();
+    return r;
 }
 
 QString firstDifference(const QByteArray &actual, const QByteArray &expected)

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 namespace qvtest {
@@ -14,6 +15,15 @@ bool writeFile(const QString &path, const QByteArray &bytes);
 // Big-endian 32-bit length + bytes: one byte-array item of a Qt data stream.
 QByteArray item(const QByteArray &bytes);
 QByteArray bigEndian32(quint32 value);
+
+// Runs a program to its end (two minutes at most). exitCode is -1 when it
+// did not start, did not finish or crashed.
+struct ProgramRun {
+    int exitCode = -1;
+    QByteArray out;
+    QByteArray err;
+};
+ProgramRun runProgram(const QString &program, const QStringList &arguments);
 
 // Describes the first difference of two byte arrays ("" when equal), so a
 // failed comparison says where the bytes part.
