@@ -5,5 +5,6 @@ target_sources(quorvanta_core PRIVATE
   project/progress.h
   project/projectfile.cpp project/projectfile.h
   project/projectpaths.cpp project/projectpaths.h
+  project/regularfile.cpp project/regularfile.h
   project/zstream.cpp project/zstream.h
 )
