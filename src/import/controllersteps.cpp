@@ -1,8 +1,10 @@
 #include "controllersteps.h"
 
 #include "project/fixedstring.h"
+#include "project/regularfile.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cfloat>
@@ -12,6 +14,8 @@ namespace qv {
 
 const char *const kMsgSiblingFiles =
     QT_TRANSLATE_NOOP("QVChartClass", "Error while loading additional vaporix files!");
+const char *const kMsgTooManyData =
+    QT_TRANSLATE_NOOP("QVChartClass", "File is containing too many data. Please contact Merovin.");
 const char *const kTitleQuestion = QT_TRANSLATE_NOOP("QVChartClass", "Quorvanta");
 const char *const kAskSiblingFiles = QT_TRANSLATE_NOOP(
     "QVChartClass",
@@ -159,16 +163,16 @@ std::array<QString, 3> g_siblingPaths(const QString &path, const std::array<cons
     return paths;
 }
 
-bool SiblingFiles::open(const std::array<QString, 3> &paths)
+SiblingFiles::Result SiblingFiles::open(const std::array<QString, 3> &paths)
 {
     for (int i = 0; i < 3; ++i) {
         m_files[i].setFileName(paths[i]);
-        if (!m_files[i].open(QIODevice::ReadOnly)) {
+        if (!g_openRegularFile(m_files[i])) {
             close();
-            return false;
+            return QFileInfo::exists(paths[i]) && !g_isRegularFile(paths[i]) ? NotRegular : Missing;
         }
     }
-    return true;
+    return Opened;
 }
 
 void SiblingFiles::close()

@@ -15,6 +15,7 @@ namespace qv {
 
 // Texts (English source texts, context "QVChartClass").
 extern const char *const kMsgSiblingFiles;  // "Error while loading additional vaporix files!"
+extern const char *const kMsgTooManyData;   // "File is containing too many data. Please contact Merovin."
 extern const char *const kTitleQuestion;    // "Quorvanta"
 extern const char *const kAskSiblingFiles;  // "File seems to be part of a vaporix sampling. ..."
 
@@ -51,8 +52,11 @@ std::array<QString, 3> g_siblingPaths(const QString &path, const std::array<cons
 class SiblingFiles
 {
 public:
-    // False (with every file closed) when one of them cannot be opened.
-    bool open(const std::array<QString, 3> &paths);
+    // Missing: one of them cannot be opened (the sampling is read without
+    // them). NotRegular: one of them is a folder, a device or a FIFO, which is
+    // refused like such a sampling file. Every file is closed unless Opened.
+    enum Result { Opened, Missing, NotRegular };
+    Result open(const std::array<QString, 3> &paths);
     QFile &operator[](int index) { return m_files[index]; }
     void close();
 

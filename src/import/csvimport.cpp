@@ -6,6 +6,7 @@
 #include "import/csvnumber.h"
 #include "import/localtime.h"
 #include "project/fixedstring.h"
+#include "project/regularfile.h"
 
 #include <QFile>
 
@@ -21,6 +22,13 @@ namespace {
 constexpr int kMaxTitleBytes = 31;
 constexpr int kMaxFields = kMaxDataSets + 1;  // the time column and 16 data sets
 
+// Line bounds. Line 1 longer than the longest title and two cut bytes fails
+// whatever is cut. Every other line of the file and of its siblings has at
+// most 17 fields, none of them anywhere near 255 bytes; a longer line is not
+// read to its end: as line 2 it fails, as a row it ends the data.
+constexpr qsizetype kTitleLineBytes = kMaxTitleBytes + 2;
+constexpr qsizetype kLineBytes = kMaxFields * 256;
+
 // One import of a controller CSV file into the model.
 //
 // Line handling follows the controller's files as they are, odd parts
@@ -31,7 +39,7 @@ class CsvImport
 {
 public:
     CsvImport(QFile &file, ChartModel &model, ImportHost &host)
-        : m_lines(file), m_model(model), m_settings(model.settings), m_host(host)
+        : m_lines(file, kTitleLineBytes), m_model(model), m_settings(model.settings), m_host(host)
     {
     }
 
@@ -87,6 +95,9 @@ FileResult CsvImport::run(const QString &path)
 bool CsvImport::readTitle()
 {
     const ByteView raw = m_lines.next();
+    if (m_lines.tooLong())
+        return false;
+    m_lines.setMaxLineBytes(kLineBytes);
     m_cut = raw.contains('\x07') ? 2 : 1;
     const ByteView line{raw.data, qMax<qsizetype>(0, raw.size - m_cut)};
     if (line.size > kMaxTitleBytes)
@@ -99,6 +110,8 @@ bool CsvImport::readTitle()
 bool CsvImport::readHeader()
 {
     const ByteView line = m_lines.next(m_cut);
+    if (m_lines.tooLong())
+        return false;
     m_separator = line.contains(';') ? ';' : line.contains(',') ? ',' : '\0';
     qsizetype count = g_countFieldsWithoutTrailingEmpty(line, m_separator) - 1;
     // The controller's sensor file has a seventh column that is not a data set.
@@ -141,7 +154,12 @@ void CsvImport::readRows()
         stores[i] = m_model.data(i);
     int rows = 0;
     int progressRows = 0;
-    while (fieldCount == m_count + 1 && rows < kMaxSamples) {
+    while (fieldCount == m_count + 1) {
+        if (rows == kMaxSamples) {
+            // One row more than the stores hold: the rows read are kept.
+            m_host.warn(QLatin1String(kMsgTooManyData));
+            break;
+        }
         const qint64 time = readTime(fields[0]);
         for (int i = 0; i < m_count; ++i) {
             stores[i]->time[rows] = time;
@@ -172,8 +190,11 @@ void CsvImport::finishDataSets()
 FileResult CsvImport::readSiblings(const QString &path)
 {
     SiblingFiles files;
-    if (!files.open(g_siblingPaths(path, {"TS01", "TS02", "TS03", "TS04"})))
-        return FileResult();
+    switch (files.open(g_siblingPaths(path, {"TS01", "TS02", "TS03", "TS04"}))) {
+    case SiblingFiles::Opened: break;
+    case SiblingFiles::Missing: return FileResult();
+    case SiblingFiles::NotRegular: return FileResult::failure(kMsgReadError, true);
+    }
     if (!m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
         return FileResult();
     if (!readStateLog(files[0]) || !readParameters(files[1]) || !readCardParameters(files[2]))
@@ -185,7 +206,7 @@ FileResult CsvImport::readSiblings(const QString &path)
 
 bool CsvImport::readStateLog(QFile &file)
 {
-    LineReader lines(file);
+    LineReader lines(file, kLineBytes);
     m_host.progress(1, 255);
     if (!lines.next(m_cut).equals("STATUS LOG"))
         return false;
@@ -213,7 +234,7 @@ bool CsvImport::readStateLog(QFile &file)
 
 bool CsvImport::readParameters(QFile &file)
 {
-    LineReader lines(file);
+    LineReader lines(file, kLineBytes);
     m_host.progress(180, 255);
     if (!lines.next(m_cut).equals("PARAMETER"))
         return false;
@@ -226,7 +247,7 @@ bool CsvImport::readParameters(QFile &file)
 
 bool CsvImport::readCardParameters(QFile &file)
 {
-    LineReader lines(file);
+    LineReader lines(file, kLineBytes);
     m_host.progress(250, 255);
     if (!lines.next(m_cut).equals("PARAMETER SDKARTE"))
         return false;
@@ -242,7 +263,7 @@ bool CsvImport::readCardParameters(QFile &file)
 FileResult g_importControllerCsv(const QString &path, ChartModel &model, ImportHost &host)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!g_openRegularFile(file))
         return FileResult::failure(kMsgReadError, true);
     return CsvImport(file, model, host).run(path);
 }

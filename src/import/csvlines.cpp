@@ -37,10 +37,14 @@ ByteView ByteView::upToZero() const
     return zero < 0 ? *this : ByteView{data, zero};
 }
 
-LineReader::LineReader(QIODevice &device) : m_device(device), m_buffer(std::size_t(kBlockSize)) {}
+LineReader::LineReader(QIODevice &device, qsizetype maxLineBytes)
+    : m_device(device), m_maxLine(qMax<qsizetype>(1, maxLineBytes))
+{
+}
 
-// Moves the unread bytes to the front, grows the buffer when a line fills it,
-// and reads the next block. False when nothing more arrives.
+// Moves the unread bytes (less than one line) to the front and reads the next
+// block behind them. The buffer holds one block more than the longest line,
+// so it never grows with the input. False when nothing more arrives.
 bool LineReader::fill()
 {
     if (m_atEnd)
@@ -50,8 +54,9 @@ bool LineReader::fill()
         m_end -= m_begin;
         m_begin = 0;
     }
-    if (qsizetype(m_buffer.size()) - m_end < kBlockSize)
-        m_buffer.resize(m_buffer.size() * 2);
+    const std::size_t room = std::size_t(m_maxLine + 1 + kBlockSize);
+    if (m_buffer.size() < room)
+        m_buffer.resize(room);
     const qint64 got = m_device.read(m_buffer.data() + m_end, qint64(m_buffer.size()) - m_end);
     if (got <= 0) {
         m_atEnd = true;
@@ -61,8 +66,19 @@ bool LineReader::fill()
     return true;
 }
 
+// The state after a line over the bound: nothing more is read.
+ByteView LineReader::end()
+{
+    m_tooLong = true;
+    m_atEnd = true;
+    m_begin = m_end = m_scanned = 0;
+    return ByteView{m_buffer.data(), 0};
+}
+
 ByteView LineReader::next()
 {
+    if (m_tooLong)
+        return ByteView{m_buffer.data(), 0};
     for (;;) {
         const char *from = m_buffer.data() + m_begin + m_scanned;
         const qsizetype left = m_end - m_begin - m_scanned;
@@ -70,11 +86,15 @@ ByteView LineReader::next()
         if (newline) {
             const char *start = m_buffer.data() + m_begin;
             const qsizetype size = static_cast<const char *>(newline) - start + 1;
+            if (size > m_maxLine)
+                return end();
             m_begin += size;
             m_scanned = 0;
             return ByteView{start, size};
         }
         m_scanned = m_end - m_begin;
+        if (m_scanned > m_maxLine)
+            return end();
         if (!fill()) {
             // The last line without its '\n', or the empty read at the end.
             const ByteView rest{m_buffer.data() + m_begin, m_end - m_begin};

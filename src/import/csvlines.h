@@ -26,26 +26,38 @@ struct ByteView {
 };
 
 // Lines as QIODevice::readLine() returns them (with their '\n', the last one
-// possibly without), read in large blocks. Lines of any length are fine; the
-// view returned stays valid until the next call. At the end of the data every
-// further call returns an empty view, as readLine() does.
+// possibly without), read in large blocks; the view returned stays valid until
+// the next call. At the end of the data every further call returns an empty
+// view, as readLine() does.
+//
+// Every line is read with a bound: a line longer than maxLineBytes (its '\n'
+// included) is not buffered to its end. It reads as an empty view, tooLong()
+// becomes true, and the reader is at its end from then on, so a file without
+// line ends (a device, a huge single line) costs one block of memory and ends
+// at once.
 class LineReader
 {
 public:
-    explicit LineReader(QIODevice &device);
+    LineReader(QIODevice &device, qsizetype maxLineBytes);
     ByteView next();
     // next() with the last `cut` bytes removed (fewer when the line is shorter).
     ByteView next(int cut);
+    // The bound for the lines read from now on.
+    void setMaxLineBytes(qsizetype bytes) { m_maxLine = qMax<qsizetype>(1, bytes); }
+    bool tooLong() const { return m_tooLong; }
 
 private:
     bool fill();
+    ByteView end();
 
     QIODevice &m_device;
+    qsizetype m_maxLine;
     std::vector<char> m_buffer;
     qsizetype m_begin = 0;    // start of the unread data
     qsizetype m_end = 0;      // end of the data in the buffer
     qsizetype m_scanned = 0;  // bytes after m_begin known to hold no '\n'
     bool m_atEnd = false;
+    bool m_tooLong = false;
 };
 
 // Splits a line at every separator byte as QByteArray::split() does (n

@@ -1,5 +1,7 @@
 #include "inputtype.h"
 
+#include "project/regularfile.h"
+
 #include <QFile>
 
 namespace qv {
@@ -36,8 +38,10 @@ InputType g_detectInputType(const QString &path)
     if (path.endsWith(QLatin1String(".log"), Qt::CaseInsensitive))
         return InputType::ControllerLog;
     if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive)) {
+        // Only the first line of a regular file is looked at: a FIFO or a
+        // device is left to the importer, which refuses it.
         QFile file(path);
-        if (file.open(QIODevice::ReadOnly) && file.readLine(4096).size() == 1)
+        if (g_openRegularFile(file) && file.readLine(4096).size() == 1)
             return InputType::VisCsv;
         return InputType::ControllerCsv;
     }

@@ -4,9 +4,11 @@
 #include "import/controllersteps.h"
 #include "import/logformat.h"
 #include "project/fixedstring.h"
+#include "project/regularfile.h"
 
+#include <QDir>
 #include <QFile>
-#include <QRegularExpression>
+#include <QFileInfo>
 
 #include <array>
 #include <cfloat>
@@ -33,19 +35,31 @@ struct SiblingLog {
     LogWindow window;
 };
 
+// The file in the folder of path whose name equals path's ignoring case, when
+// path itself does not exist (a memory card copied by hand onto a
+// case-sensitive file system keeps the lower-case names); path otherwise.
+QString existingSpelling(const QString &path)
+{
+    const QFileInfo info(path);
+    if (info.exists() || info.isSymLink())
+        return path;
+    const QDir folder = info.dir();
+    const QString name = info.fileName();
+    for (const QString &entry : folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)) {
+        if (entry.compare(name, Qt::CaseInsensitive) == 0)
+            return folder.filePath(entry);
+    }
+    return path;
+}
+
 // "01.LOG" replaced by "02.LOG" ignoring case, then "02.LOG" by "03.LOG" in
-// that path and "03.LOG" by "04.LOG". The ".LOG" keeps the case it had, so a
-// lower-case sv_sa_01.log finds sv_sa_02.log on a case-sensitive file system.
+// that path and "03.LOG" by "04.LOG"; each name that does not exist as such
+// is looked up ignoring case.
 std::array<QString, 3> siblingPaths(const QString &path)
 {
-    std::array<QString, 3> paths;
-    QString p = path;
-    for (int i = 0; i < 3; ++i) {
-        const QRegularExpression from(QStringLiteral("0%1(\\.log)").arg(i + 1),
-                                      QRegularExpression::CaseInsensitiveOption);
-        p.replace(from, QStringLiteral("0%1\\1").arg(i + 2));
-        paths[i] = p;
-    }
+    std::array<QString, 3> paths = g_siblingPaths(path, {"01.LOG", "02.LOG", "03.LOG", "04.LOG"});
+    for (QString &p : paths)
+        p = existingSpelling(p);
     return paths;
 }
 
@@ -116,9 +130,13 @@ FileResult LogImport::readSensorLog(QIODevice &file)
         m_repaired = true;
     }
 
+    // More rows than a store holds: the first ones are kept, as the text
+    // importers keep theirs.
+    if (m_window.rows > quint32(kMaxSamples))
+        m_host.warn(QLatin1String(kMsgTooManyData));
     const LogRing ring(data, m_header.count, m_header.capacity);
     for (int i = 0; i < m_header.count; ++i) {
-        g_qString2BufferWO0(m_settings.name[i], QString::fromLatin1(m_header.names[i]), kNameWidth);
+        g_qString2Buffer(m_settings.name[i], QString::fromLatin1(m_header.names[i]), kNameWidth);
         g_activateImportedRow(m_model, i);
         readDataSet(ring, i);
         m_host.progress(g_axisProgress(i, m_header.count), 255);
@@ -168,8 +186,11 @@ void LogImport::readDataSet(const LogRing &ring, int index)
 FileResult LogImport::readSiblings(const QString &path)
 {
     SiblingFiles files;
-    if (!files.open(siblingPaths(path)))
-        return FileResult();
+    switch (files.open(siblingPaths(path))) {
+    case SiblingFiles::Opened: break;
+    case SiblingFiles::Missing: return FileResult();
+    case SiblingFiles::NotRegular: return FileResult::failure(kMsgReadError, true);
+    }
     if (!m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
         return FileResult();
 
@@ -281,7 +302,7 @@ void LogImport::readCardParameters(const SiblingLog &log)
 FileResult g_importControllerLog(const QString &path, ChartModel &model, ImportHost &host)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!g_openRegularFile(file))
         return FileResult::failure(kMsgReadError, true);
     return LogImport(model, host).run(file, path);
 }

@@ -4,6 +4,7 @@
 #include "import/csvlines.h"
 #include "import/localtime.h"
 #include "import/visformat.h"
+#include "project/regularfile.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -23,8 +24,6 @@ const char *const kMsgVisLine5 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV
 const char *const kMsgVisLine5Fields = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 5 !\nToo many columns.");
 const char *const kMsgVisLine7 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 7 !");
 const char *const kMsgVisLine7Fields = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 7 !\nToo many columns.");
-const char *const kMsgVisTooMany =
-    QT_TRANSLATE_NOOP("QVChartClass", "File is containing too many data. Please contact Merovin.");
 
 namespace {
 
@@ -32,13 +31,19 @@ namespace {
 // "exactly n" from "more".
 constexpr int kFieldRoom = kVisParameterFields + 1;
 
+// Header lines have fixed widths of at most 192 bytes and a data line has nine
+// short fields; a line longer than this is not read to its end. It reads as an
+// empty line: a header line then fails its own width check, a data line ends
+// the data.
+constexpr qsizetype kVisLineBytes = kVisDataFields * 256;
+
 // One import of a vaporix-VIS file into a fresh model. The header is checked
 // by line lengths only; the data end at the first line without nine fields.
 class VisImport
 {
 public:
     VisImport(QFile &file, ChartModel &model, ImportHost &host)
-        : m_lines(file), m_model(model), m_settings(model.settings), m_host(host)
+        : m_lines(file, kVisLineBytes), m_model(model), m_settings(model.settings), m_host(host)
     {
     }
 
@@ -153,7 +158,7 @@ void VisImport::readSamples()
         fieldCount = g_splitFields(m_lines.next(1), ';', fields, kFieldRoom);
         // The store is full: what was read is kept, the rest of the file not.
         if (modes.count >= kMaxSamples) {
-            m_host.warn(QLatin1String(kMsgVisTooMany));
+            m_host.warn(QLatin1String(kMsgTooManyData));
             fieldCount = 0;
         }
         if (progressLines < kMaxSamples)
@@ -183,7 +188,7 @@ void VisImport::finish()
 FileResult g_importVisCsv(const QString &path, ChartModel &model, ImportHost &host)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!g_openRegularFile(file))
         return FileResult::failure(kMsgReadError, true);
     return VisImport(file, model, host).run();
 }

@@ -236,35 +236,55 @@ private slots:
     void lines_data()
     {
         QTest::addColumn<QByteArray>("data");
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("one line") << QByteArray("abc\n");
-        QTest::newRow("no last line end") << QByteArray("abc\ndef");
-        QTest::newRow("empty lines") << QByteArray("\n\n\nx\n\n");
-        QTest::newRow("CR LF") << QByteArray("a\r\nb\r\n");
-        QTest::newRow("zero bytes") << QByteArray("a\0b\n\0\n", 6);
-        QTest::newRow("a line longer than a block") << QByteArray(3 << 20, 'x') + "\nshort\n" + QByteArray(5000000, 'y');
+        QTest::addColumn<int>("limit");  // longest line read, its '\n' included
+        const int any = 8 << 20;
+        QTest::newRow("empty") << QByteArray() << any;
+        QTest::newRow("one line") << QByteArray("abc\n") << any;
+        QTest::newRow("no last line end") << QByteArray("abc\ndef") << any;
+        QTest::newRow("empty lines") << QByteArray("\n\n\nx\n\n") << any;
+        QTest::newRow("CR LF") << QByteArray("a\r\nb\r\n") << any;
+        QTest::newRow("zero bytes") << QByteArray("a\0b\n\0\n", 6) << any;
+        QTest::newRow("a line longer than a block") << QByteArray(3 << 20, 'x') + "\nshort\n" + QByteArray(5000000, 'y')
+                                                    << any;
         QByteArray many;
         for (int i = 0; i < 300000; ++i)  // append grows geometrically; a builder += would copy every time
             many.append(QByteArray::number(i)).append(i % 3 ? "\n" : ";;\n");
-        QTest::newRow("many lines across blocks") << many;
+        QTest::newRow("many lines across blocks") << many << any;
+        QTest::newRow("lines at the bound") << QByteArray("abc\nd\nefgh") << 4;
+        QTest::newRow("a line one byte over the bound") << QByteArray("ab\nabcd\nx\n") << 4;
+        QTest::newRow("the last line over the bound") << QByteArray("ab\nabcde") << 4;
+        QTest::newRow("no line end in megabytes") << QByteArray(3 << 20, 'x') + "\nshort\n" << 1000;
+        QTest::newRow("an over-long line after many") << many + QByteArray(5000, ';') + "\nx\n" << 4096;
     }
 
+    // Lines as readLine() gives them up to the first one over the bound, which
+    // reads as the empty end; only a block beyond the bound has been read then.
     void lines()
     {
         QFETCH(QByteArray, data);
+        QFETCH(int, limit);
         QBuffer reference(&data);
         QBuffer device(&data);
         QVERIFY(reference.open(QIODevice::ReadOnly));
         QVERIFY(device.open(QIODevice::ReadOnly));
-        LineReader reader(device);
+        LineReader reader(device, limit);
+        bool overLong = false;
         for (int n = 0;; ++n) {
             const QByteArray expected = reference.readLine();
             const ByteView got = reader.next();
+            if (expected.size() > limit) {
+                QCOMPARE(got.size, qsizetype(0));
+                QVERIFY(reader.tooLong());
+                QVERIFY(device.pos() - reference.pos() + expected.size() <= limit + 1 + (1 << 20));
+                overLong = true;
+                break;
+            }
             if (QByteArray(got.data, int(got.size)) != expected)
                 QFAIL(qPrintable(QStringLiteral("line %1 differs").arg(n)));
             if (expected.isEmpty())
                 break;
         }
+        QCOMPARE(reader.tooLong(), overLong);
         // The end stays the end; and a cut never underflows.
         QCOMPARE(reader.next().size, qsizetype(0));
         QCOMPARE(reader.next(2).size, qsizetype(0));

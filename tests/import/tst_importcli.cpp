@@ -7,12 +7,15 @@
 #include "visfile.h"
 
 #include "import/csvimport.h"
+#include "import/importer.h"
 #include "import/logimport.h"
 #include "import/visimport.h"
 #include "logwriter.h"
 #include "project/projectfile.h"
 
 #include <QtTest>
+
+#include <sys/stat.h>
 
 using namespace qv;
 using namespace qvtest;
@@ -180,6 +183,51 @@ private slots:
         const QString saved = folder.path(QStringLiteral("direct.qvj"));
         QVERIFY(g_saveProjectFile(model, saved, save).ok);
         QV_COMPARE_BYTES(readFile(output), readFile(saved));
+    }
+
+    // What is not a regular file is refused before anything blocks on it: by
+    // the type detection, which reads the first line of a .csv file, by each
+    // importer, and for a sibling file after the main data were read.
+    void notRegular_data()
+    {
+        QTest::addColumn<QString>("input");  // made as a FIFO, a folder, or a device path
+        QTest::addColumn<QString>("type");   // empty: detected from the input
+        QTest::addColumn<int>("samples");    // kept in data set 0
+
+        QTest::newRow("a FIFO named .csv") << QStringLiteral("fifo:f.csv") << QString() << 0;
+        QTest::newRow("a folder named .csv") << QStringLiteral("folder:d.csv") << QString() << 0;
+        QTest::newRow("a folder named .log") << QStringLiteral("folder:d.LOG") << QString() << 0;
+        QTest::newRow("/dev/null as vaporix-VIS") << QStringLiteral("/dev/null") << QStringLiteral("vis") << 0;
+        QTest::newRow("a folder as TS03 of a sensor set") << QStringLiteral("folder:C_TS03.CSV") << QString() << 30;
+    }
+
+    void notRegular()
+    {
+        QFETCH(QString, input);
+        QFETCH(QString, type);
+        QFETCH(int, samples);
+
+        CsvFolder folder;
+        QString path = input;
+        const QString made = folder.path(input.section(QLatin1Char(':'), 1));
+        if (samples > 0) {
+            path = folder.write(QStringLiteral("C_TS01.CSV"), sensorSet(folder));
+            QVERIFY(QFile::remove(made));
+        }
+        if (input.startsWith(QLatin1String("fifo:")))
+            QCOMPARE(::mkfifo(QFile::encodeName(made).constData(), 0600), 0);
+        if (input.startsWith(QLatin1String("folder:")))
+            QVERIFY(QDir().mkpath(made));
+        if (samples == 0 && input != QLatin1String("/dev/null"))
+            path = made;
+        ChartModel model;
+        ScriptedHost host;
+        const InputType kind = type.isEmpty() ? g_detectInputType(path) : g_inputTypeFromName(type);
+        const FileResult r = g_readInput(kind, path, model, host);
+        QVERIFY(!r.ok);
+        QCOMPARE(QByteArray(r.message), QByteArray("Error reading file!"));
+        QVERIFY(r.critical);
+        QCOMPARE(model.data(0)->count, samples);
     }
 
     void failure_data()

@@ -200,12 +200,13 @@ private slots:
 
     // Word 0 = 0xBAADF00D marks the row in every data set, the time goes on, and
     // the marked rows stay out of the axis ranges. The same word in another
-    // column of a good row is an ordinary value.
+    // column of a good row is an ordinary value. A name that fills its 32 bytes
+    // keeps 31 of them and a terminator.
     void rowWithoutData()
     {
         qvlog::LogLayout layout = ringLog(3, 0, 4);
         layout.count = 3;
-        layout.sets[2] = {"Roh", 6, 0, 0, 0, 0};
+        layout.sets[2] = {QByteArray(32, 'R'), 6, 0, 0, 0, 0};
         layout.words = {10, 20, 30, kNoData, 900, 900, 11, 21, kNoData, 12, 22, 32};
         CsvFolder folder;
         ScriptedHost host;
@@ -221,6 +222,24 @@ private slots:
         QCOMPARE(s.axisMin[1], 19.0);  // 20 - 0.54
         QCOMPARE(s.axisMax[1], 23.0);  // 22 + 0.54
         QCOMPARE(s.axisMax[2], std::round(double(kNoData) + (double(kNoData) - 30) * 0.02 + 0.5));
+        QV_COMPARE_BYTES(QByteArray(s.name[2], kNameWidth), QByteArray(31, 'R') + '\0');
+    }
+
+    // A log of one row more than a store holds keeps the first rows and says so once.
+    void moreRowsThanAStoreHolds()
+    {
+        qvlog::LogLayout layout = ringLog(kMaxSamples, 0, kMaxSamples + 1);
+        layout.count = 1;
+        layout.words.clear();
+        for (qint32 r = 0; r <= kMaxSamples; ++r)
+            layout.words << quint32(r);
+        CsvFolder folder;
+        ScriptedHost host;
+        const ImportRun run = importLog(folder.write(QStringLiteral("long.log"), qvlog::file(layout)), host);
+        QVERIFY2(run.result.ok, run.result.message);
+        QCOMPARE(host.warnings, QStringList{QStringLiteral("File is containing too many data. Please contact Merovin.")});
+        QCOMPARE(run.model->data(0)->count, kMaxSamples);
+        QCOMPARE(run.model->data(0)->value[kMaxSamples - 1], double(kMaxSamples - 1));
     }
 
     void failures_data()

@@ -123,7 +123,7 @@ QByteArray expectedCodes(const QVector<qint8> &codes)
     return QByteArray(reinterpret_cast<const char *>(&m), int(sizeof m));
 }
 
-enum Fault { NoFault, Missing04, Magic04, Title03, ShortData02, NoSets03, ShortHeader04 };
+enum Fault { NoFault, Missing04, Magic04, Title03, ShortData02, NoSets03, ShortHeader04, Folder04 };
 
 const char *const kAskSiblings =
     "Quorvanta|File seems to be part of a vaporix sampling. Try to load the state and settings information too?";
@@ -152,6 +152,7 @@ private slots:
         const QVector<qint8> all = kStateCodes;
 
         QTest::newRow("in step") << upper << int(NoFault) << 0 << 0 << true << true << QByteArray() << all;
+        // "sv_sa_02.LOG" (the literal replacement) is not there; "sv_sa_02.log" is taken.
         QTest::newRow("lower-case name") << QStringLiteral("sv_sa_01.log") << int(NoFault) << 0 << 0 << true << true
                                          << QByteArray() << all;
         QTest::newRow("SV_SA_1.LOG is no sensor log name") << QStringLiteral("SV_SA_1.LOG") << int(NoFault) << 0 << 0
@@ -176,6 +177,8 @@ private slots:
         QTest::newRow("02 data short") << upper << int(ShortData02) << 0 << 0 << true << true << ext << none;
         QTest::newRow("03 without data sets") << upper << int(NoSets03) << 0 << 0 << true << true << ext << none;
         QTest::newRow("04 header short") << upper << int(ShortHeader04) << 0 << 0 << true << true << ext << none;
+        QTest::newRow("04 is a folder") << upper << int(Folder04) << 0 << 0 << true << false
+                                        << QByteArray("Error reading file!") << none;
     }
 
     void siblings()
@@ -220,7 +223,9 @@ private slots:
         for (int i = 1; i < 4; ++i) {
             QString sibling = name.contains(QLatin1String("01")) ? name : QStringLiteral("SV_SA_01.LOG");
             sibling.replace(QLatin1String("01"), QStringLiteral("0%1").arg(i + 1));
-            if (!(fault == Missing04 && i == 3))
+            if (fault == Folder04 && i == 3)
+                QVERIFY(QDir().mkpath(folder.path(sibling)));
+            else if (!(fault == Missing04 && i == 3))
                 folder.write(sibling, files[i]);
         }
         ScriptedHost host(answer);

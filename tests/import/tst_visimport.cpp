@@ -102,6 +102,14 @@ private slots:
         QTest::newRow("line 7 ten fields") << 7 << padded("a;b;c;d;e;f;g;h;i;", 191) + '\n'
                                            << QByteArray("Error in CSV line 7 !\nToo many columns.") << QByteArray(kTitle)
                                            << true;
+        // No line is read beyond 9 x 256 bytes: one that long fails its own check.
+        QTest::newRow("zero bytes without a line end") << 1 << QByteArray(3 << 20, '\0') << noLine1 << QByteArray()
+                                                       << false;
+        QTest::newRow("line 2 of megabytes") << 2 << QByteArray(3 << 20, 'T') + '\n'
+                                             << QByteArray("Error in CSV title line 2 !") << QByteArray() << false;
+        QTest::newRow("line 6 beyond the bound") << 6 << QByteArray(9 * 256, ';') + '\n'
+                                                 << QByteArray("Error in CSV title line 7 !") << QByteArray(kTitle)
+                                                 << true;
         QTest::newRow("line 7 eight fields") << 7 << padded("a;b;c;d;e;f;g;h", 191) + '\n'
                                              << QByteArray("Error in CSV line 7 !\nToo many columns.")
                                              << QByteArray(kTitle) << true;
@@ -355,6 +363,12 @@ private slots:
         QTest::newRow("ten fields") << QByteArray(good).insert(good.size() - 1, ';') << 2;
         QTest::newRow("empty line") << QByteArray("\n") << 2;
         QTest::newRow("nine fields") << good << 4;
+        // Blanks in a value are dropped; the line is 9 x 256 bytes, then one more.
+        const int blanksAt = good.indexOf(';', 11) + 1;
+        QTest::newRow("nine fields at the bound") << QByteArray(good).insert(blanksAt, QByteArray(9 * 256 - good.size(), ' '))
+                                                  << 4;
+        QTest::newRow("nine fields beyond the bound")
+            << QByteArray(good).insert(blanksAt, QByteArray(9 * 256 + 1 - good.size(), ' ')) << 2;
     }
 
     void dataEnd()
