@@ -6,7 +6,7 @@ if [ "$(id -u)" -ne 0 ]; then SUDO="sudo"; fi
 export DEBIAN_FRONTEND=noninteractive
 $SUDO apt-get update -q
 $SUDO apt-get install -y -q --no-install-recommends \
-  build-essential cmake ninja-build ccache pkg-config zlib1g-dev \
+  build-essential cmake ninja-build ccache pkg-config zlib1g-dev libdeflate-dev \
   qtbase5-dev libqt5charts5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools \
   qttranslations5-l10n libqt5svg5 qt5-image-formats-plugins \
   libgtest-dev libbenchmark-dev

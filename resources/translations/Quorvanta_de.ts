@@ -113,6 +113,10 @@
         <translation>Fehler beim Schreiben der Datei!</translation>
     </message>
     <message>
+        <source>The project is in use by another program!</source>
+        <translation>Das Projekt wird von einem anderen Programm verwendet!</translation>
+    </message>
+    <message>
         <source>Show vaporix Mode</source>
         <translation>vaporix-Modus anzeigen</translation>
     </message>

@@ -1,11 +1,13 @@
 #include "app/appexit.h"
 #include "app/commandline.h"
 #include "app/quorvantaclass.h"
+#include "project/projectfile.h"
 
 #include <QApplication>
 
 int main(int argc, char *argv[])
 {
+    qv::g_ignoreFileSizeSignal();
     QApplication app(argc, argv);
     const QString project = qv::g_projectArgument(argc, argv);
 

@@ -17,8 +17,18 @@ QString g_cliUsage()
         "  --yes, --no       answer to every question an import asks (default --no)\n"
         "  --json            print info as JSON\n"
         "  --changed-time S  stamp the saved record with S seconds since 1970 instead of now\n"
+        "  -o OUTPUT         the project to write; \".qvj\" is added unless the name ends in it.\n"
+        "                    An existing OUTPUT is kept as its backup (extension \".bak\");\n"
+        "                    an OUTPUT or backup that is the INPUT itself is refused\n"
         "\n"
         "Exit status: 0 done, 1 the file could not be read or written, 2 usage error.\n");
+}
+
+QString g_projectOutputName(const QString &output)
+{
+    if (output.endsWith(QLatin1String(".qvj"), Qt::CaseInsensitive))
+        return output;
+    return output + QLatin1String(".qvj");
 }
 
 bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *error)

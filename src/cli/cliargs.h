@@ -23,5 +23,9 @@ struct CliCommand {
 // and sets *error to a one-line reason.
 bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *error);
 QString g_cliUsage();
+// The file convert writes: OUTPUT itself when its name ends in ".qvj" (any
+// case), else OUTPUT with ".qvj" appended, so a sampling file given as OUTPUT
+// by mistake is never overwritten.
+QString g_projectOutputName(const QString &output);
 
 }  // namespace qv

@@ -4,9 +4,13 @@
 
 #include "import/importer.h"
 #include "project/projectfile.h"
+#include "project/projectpaths.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QTextStream>
+
+#include <sys/stat.h>
 
 #include <memory>
 
@@ -29,6 +33,15 @@ private:
     bool m_yes;
 };
 
+// True when both names lead to one existing file, through links as well.
+bool sameFile(const QString &a, const QString &b)
+{
+    struct stat sa {};
+    struct stat sb {};
+    return ::stat(QFile::encodeName(a).constData(), &sa) == 0 && ::stat(QFile::encodeName(b).constData(), &sb) == 0 &&
+           sa.st_dev == sb.st_dev && sa.st_ino == sb.st_ino;
+}
+
 int fail(const char *message)
 {
     QTextStream(stderr) << QLatin1String(message) << '\n';
@@ -39,6 +52,7 @@ int fail(const char *message)
 
 int main(int argc, char *argv[])
 {
+    qv::g_ignoreFileSizeSignal();
     QCoreApplication app(argc, argv);
     QStringList arguments = QCoreApplication::arguments();
     arguments.removeFirst();
@@ -63,6 +77,16 @@ int main(int argc, char *argv[])
         return 2;
     }
 
+    const QString output = qv::g_projectOutputName(command.output);
+    if (command.verb == qv::CliCommand::Convert) {
+        // Saving replaces the output and its backup: neither may be the input.
+        if (sameFile(output, command.input) || sameFile(qv::g_backupPath(output), command.input)) {
+            QTextStream(stderr) << "quorvanta-cli: writing " << output << " would overwrite the input file "
+                                << command.input << '\n';
+            return 1;
+        }
+    }
+
     auto model = std::make_unique<qv::ChartModel>();
     CliHost host(command.answerYes);
     const qv::FileResult read = qv::g_readInput(type, command.input, *model, host);
@@ -77,7 +101,7 @@ int main(int argc, char *argv[])
 
     qv::SaveOptions options;
     options.changedTime = command.hasChangedTime ? command.changedTime : qv::g_currentSeconds();
-    const qv::FileResult saved = qv::g_saveProjectFile(*model, command.output, options);
+    const qv::FileResult saved = qv::g_saveProjectFile(*model, output, options);
     if (!saved.ok)
         return fail(saved.message);
     return 0;

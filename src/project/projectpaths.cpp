@@ -9,11 +9,15 @@ bool g_needsSaveDialog(const QString &projectFile)
 
 QString g_backupPath(const QString &projectFile)
 {
-    QString backup = projectFile;
-    backup.replace(QLatin1String(".qvj"), QLatin1String(".bak"), Qt::CaseInsensitive);
-    if (backup == projectFile)
+    const QLatin1String bak(".bak");
+    const int nameStart = projectFile.lastIndexOf(QLatin1Char('/')) + 1;
+    if (nameStart >= projectFile.size())
         return QString();
-    return backup;
+    const int dot = projectFile.lastIndexOf(QLatin1Char('.'));
+    // A leading dot starts a hidden name, not an extension.
+    if (dot <= nameStart || projectFile.endsWith(bak, Qt::CaseInsensitive))
+        return projectFile + bak;
+    return projectFile.left(dot) + bak;
 }
 
 QString g_projectDirOf(const QString &projectFile, const QString &current)

@@ -7,8 +7,10 @@ namespace qv {
 
 // Save asks for a name unless the path contains ".qvj" in exactly this case.
 bool g_needsSaveDialog(const QString &projectFile);
-// The backup name: every ".qvj" (any case) replaced by ".bak". Empty when the
-// path holds no ".qvj", because the backup would then be the file itself.
+// The backup name: only the file name's extension becomes ".bak"
+// (/p/x.qvj.d/out.qvj -> /p/x.qvj.d/out.bak); a name without extension, or
+// one that already ends in ".bak", gets ".bak" appended so the backup is never
+// the file itself. Empty when the path names no file.
 QString g_backupPath(const QString &projectFile);
 // The directory part before the last '/', or current when there is none.
 QString g_projectDirOf(const QString &projectFile, const QString &current);

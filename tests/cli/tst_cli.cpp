@@ -12,6 +12,8 @@
 #include <QJsonObject>
 #include <QtTest>
 
+#include <unistd.h>
+
 #include <cstring>
 #include <memory>
 
@@ -82,6 +84,8 @@ private slots:
     void convertWritesWhatOpenAndSaveWrite();
     void convertRaisesVersion13Codes();
     void convertReportsWriteError();
+    void convertOutputNames_data();
+    void convertOutputNames();
 
 private:
     QTemporaryDir m_dir;
@@ -266,6 +270,56 @@ void TestCli::convertReportsWriteError()
                        m_dir.filePath(QStringLiteral("no/such/dir/x.qvj"))});
     QCOMPARE(r.exitCode, 1);
     QCOMPARE(r.err, QStringLiteral("Error while writing file!\n"));
+}
+
+void TestCli::convertOutputNames_data()
+{
+    // link: how output is made to lead to the input before the run.
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<QString>("link");
+    QTest::addColumn<QString>("written");  // empty: refused with exit status 1
+    QTest::newRow("output is the input") << "in.qvj" << "in.qvj" << "" << "";
+    QTest::newRow("through a symbolic link") << "in.qvj" << "link.qvj" << "symbolic" << "";
+    QTest::newRow("through a hard link") << "in.qvj" << "hard.qvj" << "hard" << "";
+    QTest::newRow("backup would be the input") << "in.bak" << "in.qvj" << "" << "";
+    QTest::newRow("sampling file as output") << "in.qvj" << "data.csv" << "" << "data.csv.qvj";
+    QTest::newRow("no extension") << "in.qvj" << "out" << "" << "out.qvj";
+    QTest::newRow("upper case extension") << "in.qvj" << "OUT.QVJ" << "" << "OUT.QVJ";
+}
+
+void TestCli::convertOutputNames()
+{
+    QFETCH(QString, input);
+    QFETCH(QString, output);
+    QFETCH(QString, link);
+    QFETCH(QString, written);
+    QTemporaryDir dir;
+    auto model = sampleModel();
+    const QString in = saveSample(dir.filePath(input), *model);
+    QVERIFY(!in.isEmpty());
+    const QByteArray inBytes = qvtest::readFile(in);
+    const QString out = dir.filePath(output);
+    if (link == QLatin1String("symbolic"))
+        QVERIFY(QFile::link(in, out));
+    else if (link == QLatin1String("hard"))
+        QCOMPARE(::link(QFile::encodeName(in).constData(), QFile::encodeName(out).constData()), 0);
+    else if (output == QLatin1String("data.csv"))
+        QVERIFY(qvtest::writeFile(out, "Datum;Zeit\n"));
+
+    const Run r = cli({QStringLiteral("convert"), QStringLiteral("--type"), QStringLiteral("qvj"), in,
+                       QStringLiteral("-o"), out});
+    QV_COMPARE_BYTES(qvtest::readFile(in), inBytes);  // the input is never touched
+    if (written.isEmpty()) {
+        QCOMPARE(r.exitCode, 1);
+        QVERIFY2(r.err.contains(QStringLiteral("would overwrite the input file")), qPrintable(r.err));
+        return;
+    }
+    QCOMPARE(r.exitCode, 0);
+    auto loaded = std::make_unique<ChartModel>();
+    QVERIFY(g_loadProjectFile(*loaded, dir.filePath(written), ProgressFn()).ok);
+    if (output == QLatin1String("data.csv"))
+        QCOMPARE(qvtest::readFile(out), QByteArray("Datum;Zeit\n"));
 }
 
 QTEST_GUILESS_MAIN(TestCli)

@@ -1,5 +1,6 @@
 // Project file: the bytes we write, files built by hand from the documented
-// layout, every failure with its text, backups and failed saves.
+// layout, every failure with its text, and which file survives each save
+// situation (backups, read-only folders, size limits, locks, odd targets).
 #include "support/testsupport.h"
 
 #include "project/chartmodel.h"
@@ -11,10 +12,16 @@
 #include <QDir>
 #include <QtTest>
 
+#include <QLockFile>
+
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <zlib.h>
 
-#include <csignal>
 #include <cstring>
 #include <memory>
 
@@ -160,6 +167,47 @@ private:
     qint64 m_written = 0;
 };
 
+
+// What kind of thing is at path: 'f' file, 'd' folder, 'p' FIFO, 's' socket, '-' nothing.
+char kindOf(const QString &path)
+{
+    struct stat st {};
+    if (::lstat(QFile::encodeName(path).constData(), &st) != 0)
+        return '-';
+    return S_ISREG(st.st_mode) ? 'f' : S_ISDIR(st.st_mode) ? 'd' : S_ISFIFO(st.st_mode) ? 'p' : S_ISSOCK(st.st_mode) ? 's' : '?';
+}
+
+enum Situation { NewFile, OverOld, ReadOnlyFolder, LimitHitsProject, LimitHitsBackup, InUse, Fifo, Socket, Folder };
+
+// Saves in a child process, as the programs do (SIGXFSZ ignored), under the
+// situation's file-size limit or without root rights. Returns the index of
+// the message in saveTexts, or 9 when root rights could not be dropped.
+const QStringList saveTexts{QString(), QStringLiteral("Error while writing file!"),
+                            QStringLiteral("The project is in use by another program!")};
+int saveInChild(ChartModel &model, const QString &path, int situation)
+{
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        if (situation == ReadOnlyFolder && ::geteuid() == 0) {
+            // Root writes anywhere: the read-only folder needs an ordinary user.
+            if (::setgid(65534) != 0 || ::setuid(65534) != 0)
+                ::_exit(9);
+        }
+        if (situation == LimitHitsProject || situation == LimitHitsBackup) {
+            const rlimit limit{64 * 1024, 64 * 1024};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+        }
+        g_ignoreFileSizeSignal();
+        SaveOptions options = fixedTime(2);
+        options.lockWaitMs = 200;
+        const FileResult r = g_saveProjectFile(model, path, options);
+        ::_exit(int(saveTexts.indexOf(r.ok ? QString() : QString::fromLatin1(r.message))));
+    }
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 100 + WTERMSIG(status);
+}
+
 }  // namespace
 
 class TestProjectFile : public QObject
@@ -179,9 +227,8 @@ private slots:
     void progressRuns();
     void writeErrorsAreReported_data();
     void writeErrorsAreReported();
-    void saveKeepsBackup();
-    void fullDiskKeepsOldFile();
-    void unwritablePath();
+    void saveSituations_data();
+    void saveSituations();
     void pathRules_data();
     void pathRules();
 };
@@ -432,6 +479,13 @@ void TestProjectFile::failedLoadKeepsWhatWasRead()
     FileResult r = g_loadProjectFile(*model, QString::fromUtf8(missing), ProgressFn());
     QCOMPARE(QString::fromLatin1(r.message), QStringLiteral("Error reading file!"));
     QVERIFY(r.critical);
+    // Only regular files are read: a FIFO would block, a folder reads as nothing.
+    QTemporaryDir dir;
+    const QString fifo = dir.filePath(QStringLiteral("fifo.qvj"));
+    QCOMPARE(::mkfifo(QFile::encodeName(fifo).constData(), 0666), 0);
+    for (const QString &path : {fifo, dir.path()})
+        QCOMPARE(QString::fromLatin1(g_loadProjectFile(*model, path, ProgressFn()).message),
+                 QStringLiteral("Error reading file!"));
 
     // Store 0 arrives, store 1 is cut: settings and store 0 stay, row 0 is active.
     auto source = makeModel(2, false);
@@ -520,71 +574,110 @@ void TestProjectFile::writeErrorsAreReported()
     QVERIFY(r.critical);
 }
 
-void TestProjectFile::saveKeepsBackup()
+void TestProjectFile::saveSituations_data()
 {
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("a.qvj"));
-    const QString backup = dir.filePath(QStringLiteral("a.bak"));
-    auto model = makeModel(1, false);
-
-    QVERIFY(g_saveProjectFile(*model, path, fixedTime(1)).ok);
-    QVERIFY(!QFile::exists(backup));  // nothing to back up the first time
-    const QByteArray first = qvtest::readFile(path);
-
-    QVERIFY(qvtest::writeFile(backup, "older backup"));
-    QVERIFY(g_saveProjectFile(*model, path, fixedTime(2)).ok);
-    QCOMPARE(qvtest::readFile(backup), first);  // the older backup is replaced
-    const QByteArray second = qvtest::readFile(path);
-    QVERIFY(second != first);
-
-    // The file on disk is exactly what the device writer produces.
-    QCOMPARE(second, saveToBytes(*model, 2));
+    // file: what is at the path afterwards, 'N' the new project, 'O' the old
+    // file byte for byte, 'k' the same kind of non-file as before.
+    // backup: 'O' the old file, 'P' the previous backup untouched, '-' none.
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("situation");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<char>("file");
+    QTest::addColumn<char>("backup");
+    const QString ok;
+    const QString writeError = QStringLiteral("Error while writing file!");
+    QTest::newRow("new file") << "a.qvj" << int(NewFile) << ok << 'N' << '-';
+    QTest::newRow("over an older project") << "a.qvj" << int(OverOld) << ok << 'N' << 'O';
+    QTest::newRow("name ending in .bak") << "x.bak" << int(OverOld) << ok << 'N' << 'O';
+    QTest::newRow("writable file in a read-only folder") << "a.qvj" << int(ReadOnlyFolder) << writeError << 'O' << 'P';
+    QTest::newRow("size limit hit by the project") << "a.qvj" << int(LimitHitsProject) << writeError << 'O' << 'O';
+    QTest::newRow("size limit hit by the backup") << "a.qvj" << int(LimitHitsBackup) << writeError << 'O' << 'P';
+    QTest::newRow("saved by another program") << "a.qvj" << int(InUse)
+                                              << "The project is in use by another program!" << 'O' << 'P';
+    QTest::newRow("FIFO") << "a.qvj" << int(Fifo) << writeError << 'k' << '-';
+    QTest::newRow("socket") << "a.qvj" << int(Socket) << writeError << 'k' << '-';
+    QTest::newRow("folder") << "a.qvj" << int(Folder) << writeError << 'k' << '-';
 }
 
-void TestProjectFile::fullDiskKeepsOldFile()
+void TestProjectFile::saveSituations()
 {
+    QFETCH(QString, name);
+    QFETCH(int, situation);
+    QFETCH(QString, message);
+    QFETCH(char, file);
+    QFETCH(char, backup);
+
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("full.qvj"));
-    auto small = makeModel(0, false);
-    QVERIFY(g_saveProjectFile(*small, path, fixedTime(1)).ok);
-    const QByteArray old = qvtest::readFile(path);
-    QVERIFY(old.size() < 4096);
+    QVERIFY(QFile::setPermissions(dir.path(), QFile::Permissions(0x7755)));  // an ordinary user may enter
+    const QString folder = dir.filePath(QStringLiteral("p"));
+    QVERIFY(QDir().mkdir(folder));
+    const QString path = folder + QLatin1Char('/') + name;
+    const QString backupPath = g_backupPath(path);
+    const QByteArray older("previous backup");
 
-    // A file size limit makes every write past 64 KiB fail, as a full disk would.
-    rlimit saved{};
-    QVERIFY(getrlimit(RLIMIT_FSIZE, &saved) == 0);
-    auto previousHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limited = saved;
-    limited.rlim_cur = 64 * 1024;
-    QVERIFY(setrlimit(RLIMIT_FSIZE, &limited) == 0);
-
-    auto big = makeModel(2, false, kMaxSamples);
-    for (int i = 0; i < 2; ++i)  // values that do not compress to nothing
-        for (int k = 0; k < kMaxSamples; ++k)
-            big->data(i)->value[k] = double((k * 2654435761u + i) % 100003) / 7.0;
-    const FileResult r = g_saveProjectFile(*big, path, fixedTime(2));
-
-    setrlimit(RLIMIT_FSIZE, &saved);
-    std::signal(SIGXFSZ, previousHandler);
-
-    QVERIFY(!r.ok);
-    QCOMPARE(QString::fromLatin1(r.message), QStringLiteral("Error while writing file!"));
-    QCOMPARE(qvtest::readFile(path), old);  // the project file itself is untouched
-    QCOMPARE(qvtest::readFile(dir.filePath(QStringLiteral("full.bak"))), old);
-    QCOMPARE(QDir(dir.path()).entryList(QDir::Files).size(), 2);  // no temporary file left
-}
-
-void TestProjectFile::unwritablePath()
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("isadir.qvj"));
-    QVERIFY(QDir().mkdir(path));
     auto model = makeModel(1, false);
-    const FileResult r = g_saveProjectFile(*model, path, fixedTime(1));
-    QVERIFY(!r.ok);
-    QVERIFY(r.critical);
-    QCOMPARE(QString::fromLatin1(r.message), QStringLiteral("Error while writing file!"));
-    QVERIFY(!g_saveProjectFile(*model, dir.filePath(QStringLiteral("missing/dir/x.qvj")), fixedTime(1)).ok);
+    if (situation == LimitHitsProject) {  // values that do not compress to nothing
+        model = makeModel(2, false, kMaxSamples);
+        for (int i = 0; i < 2; ++i)
+            for (int k = 0; k < kMaxSamples; ++k)
+                model->data(i)->value[k] = double((k * 2654435761u + i) % 100003) / 7.0;
+    }
+    QByteArray old = saveToBytes(*makeModel(2, true), 1);
+    if (situation == LimitHitsBackup)
+        old = QByteArray(100 * 1024, 'o');  // larger than the limit
+    int socketHandle = -1;
+    if (situation == Fifo) {
+        QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0666), 0);
+    } else if (situation == Socket) {
+        socketHandle = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::strncpy(address.sun_path, QFile::encodeName(path).constData(), sizeof address.sun_path - 1);
+        QCOMPARE(::bind(socketHandle, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+    } else if (situation == Folder) {
+        QVERIFY(QDir().mkdir(path));
+    } else if (situation != NewFile) {
+        QVERIFY(qvtest::writeFile(path, old));
+        QVERIFY(qvtest::writeFile(backupPath, older));
+        QFile::setPermissions(path, QFile::Permissions(0x6666));
+        QFile::setPermissions(backupPath, QFile::Permissions(0x6666));
+    }
+    const char kindBefore = kindOf(path);
+    QStringList entriesAfter = QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
+    if (backup == 'O' && !entriesAfter.contains(QFileInfo(backupPath).fileName()))
+        entriesAfter << QFileInfo(backupPath).fileName();
+    if (file == 'N' && !entriesAfter.contains(name))
+        entriesAfter << name;
+    entriesAfter.sort();
+
+    QLockFile otherSaver(path + QStringLiteral(".lock"));
+    if (situation == InUse)
+        QVERIFY(otherSaver.lock());
+    if (situation == ReadOnlyFolder)
+        QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x5555)));
+    const int result = saveInChild(*model, path, situation);
+    QFile::setPermissions(folder, QFile::Permissions(0x7755));
+    otherSaver.unlock();
+    if (socketHandle >= 0)
+        ::close(socketHandle);
+    if (result == 9)
+        QSKIP("running as root and cannot change to an ordinary user: a read-only folder stops nobody");
+    QVERIFY2(result < saveTexts.size(), qPrintable(QStringLiteral("child ended with %1").arg(result)));
+    QCOMPARE(saveTexts.at(result), message);
+
+    if (file == 'N')
+        QV_COMPARE_BYTES(qvtest::readFile(path), saveToBytes(*model, 2));
+    else if (file == 'O')
+        QV_COMPARE_BYTES(qvtest::readFile(path), old);
+    else
+        QCOMPARE(kindOf(path), kindBefore);
+    if (backup == 'O')
+        QV_COMPARE_BYTES(qvtest::readFile(backupPath), old);
+    else if (backup == 'P')
+        QCOMPARE(qvtest::readFile(backupPath), older);
+    // No temporary file, lock file or stray backup is left behind.
+    QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot),
+             entriesAfter);
 }
 
 void TestProjectFile::pathRules_data()
@@ -595,9 +688,12 @@ void TestProjectFile::pathRules_data()
     QTest::addColumn<QString>("dir");
     QTest::newRow("ordinary") << "/data/a.qvj" << false << "/data/a.bak" << "/data";
     QTest::newRow("upper case extension") << "/data/run.QVJ" << true << "/data/run.bak" << "/data";
-    QTest::newRow("every occurrence") << "/x.qvj/b.Qvj" << false << "/x.bak/b.bak" << "/x.qvj";
-    QTest::newRow("no extension") << "/data/plain" << true << "" << "/data";
-    QTest::newRow("anywhere in the path") << "/data/a.qvjx" << false << "/data/a.bakx" << "/data";
+    QTest::newRow("only the name's extension") << "/p/x.qvj.d/out.qvj" << false << "/p/x.qvj.d/out.bak"
+                                              << "/p/x.qvj.d";
+    QTest::newRow("other extension") << "/data/a.qvjx" << false << "/data/a.bak" << "/data";
+    QTest::newRow("no extension") << "/x.d/plain" << true << "/x.d/plain.bak" << "/x.d";
+    QTest::newRow("hidden name") << "/data/.qvj" << false << "/data/.qvj.bak" << "/data";
+    QTest::newRow("already a backup name") << "/x.qvj/b.BAK" << false << "/x.qvj/b.BAK.bak" << "/x.qvj";
     QTest::newRow("empty") << "" << true << "" << "KEEP";
     QTest::newRow("no directory") << "a.qvj" << false << "a.bak" << "KEEP";
 }
