@@ -89,12 +89,13 @@ int main(int argc, char *argv[])
     synth.intervalSeconds = 60;
     qv::g_synthesiseRecording(model, synth);
     synthesiseStates(model);
+    auto box = [&](int i) { return panel.findChild<QCheckBox *>(QStringLiteral("enableBox%1").arg(i)); };
     for (int i = 0; i < 16; ++i) {
-        widget->enableBox[i]->setEnabled(true);
-        widget->enableBox[i]->setChecked(true);
-        QObject::connect(widget->enableBox[i], &QCheckBox::stateChanged, widget.get(), &QVChartClass::s_enableLine);
+        box(i)->setEnabled(true);
+        box(i)->setChecked(true);
+        QObject::connect(box(i), &QCheckBox::stateChanged, widget.get(), &QVChartClass::s_enableLine);
     }
-    widget->modeBox->setChecked(true);
+    panel.findChild<QCheckBox *>(QStringLiteral("modeBox"))->setChecked(true);
 
     std::printf("maximum project: 16 shown data sets x %d samples, 6 value axes, state bands, view %dx%d\n",
                 qv::kMaxSamples, widget->width(), widget->height());
@@ -112,9 +113,9 @@ int main(int argc, char *argv[])
     });
     report("paint of the built chart (grab)", [&] { widget->grab(); });
     report("toggle one row off and on (2 rebuilds)", [&] {
-        widget->enableBox[7]->click();
+        box(7)->click();
         releaseDeferred();
-        widget->enableBox[7]->click();
+        box(7)->click();
         releaseDeferred();
     });
     report("legend statistics (m_setMinMaxAvg)", [&] {

@@ -6,7 +6,7 @@
 #include "climatesynth.h"
 
 #include "app/quorvantaclass.h"
-#include "import/progressdialogclass.h"
+#include "ui/progressdialogclass.h"
 #include "project/projectfile.h"
 #include "project/qvchartclass.h"
 

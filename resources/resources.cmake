@@ -1,4 +1,4 @@
-# The program's resources, built into quorvanta_widgets under the prefix
+# The program's resources, built into quorvanta_ui under the prefix
 # "/new/prefix1" with aliases "resources/<file>":
 #  - icons and pictures drawn as SVG in resources/icons, rendered to PNG here,
 #  - the German catalogue compiled from resources/translations/Quorvanta_de.ts,
@@ -67,4 +67,4 @@ file(CONFIGURE OUTPUT ${QV_RES_OUT}/quorvanta.qrc
 
 qt5_add_resources(QV_RCC_SOURCES ${QV_RES_OUT}/quorvanta.qrc)
 set_source_files_properties(${QV_RCC_SOURCES} PROPERTIES SKIP_AUTOGEN ON)
-target_sources(quorvanta_widgets PRIVATE ${QV_RCC_SOURCES} ${QV_QM_FILES})
+target_sources(quorvanta_ui PRIVATE ${QV_RCC_SOURCES} ${QV_QM_FILES})

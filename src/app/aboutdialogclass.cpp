@@ -1,6 +1,6 @@
 #include "app/aboutdialogclass.h"
 
-#include "app/dialogseam.h"
+#include "ui/dialogseam.h"
 #include "app/quorvantaclass.h"
 
 #include <QDialogButtonBox>

@@ -1,5 +1,5 @@
 #include "app/appexit.h"
-#include "app/commandline.h"
+#include "project/commandline.h"
 #include "app/quorvantaclass.h"
 #include "project/projectfile.h"
 

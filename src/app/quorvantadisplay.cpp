@@ -1,7 +1,7 @@
 // Size of the chart widget in the scroll area and the zoom commands.
 #include "app/quorvantaclass.h"
 
-#include "app/displaysize.h"
+#include "chart/displaysize.h"
 #include "project/qvchartclass.h"
 #include "ui_quorvanta.h"
 

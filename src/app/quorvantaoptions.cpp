@@ -2,7 +2,7 @@
 #include "app/quorvantaclass.h"
 
 #include "app/appexit.h"
-#include "app/dialogseam.h"
+#include "ui/dialogseam.h"
 #include "help/helpwindowclass.h"
 #include "project/qvchartclass.h"
 #include "ui_quorvanta.h"

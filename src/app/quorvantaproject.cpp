@@ -1,8 +1,8 @@
 // Project lifecycle of the main window: new, open, recent, close.
 #include "app/quorvantaclass.h"
 
-#include "app/dialogseam.h"
-#include "app/recentfiles.h"
+#include "ui/dialogseam.h"
+#include "project/recentfiles.h"
 #include "import/importdialogclass.h"
 #include "project/qvchartclass.h"
 #include "ui_quorvanta.h"
@@ -85,7 +85,7 @@ bool QuorvantaClass::s_closeProject()
         if (answer == QMessageBox::Yes && !chart->s_saveProject())
             return false;
     }
-    importDir = *chart->m_getImportDir();
+    importDir = chart->m_getImportDir();
     if (ui->scrollArea->widget() == chart)
         ui->scrollArea->takeWidget();
     chart->disconnect();

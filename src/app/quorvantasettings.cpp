@@ -1,7 +1,7 @@
 // The user's settings store: read at start, written when the window closes.
 #include "app/quorvantaclass.h"
 
-#include "app/recentfiles.h"
+#include "project/recentfiles.h"
 #include "ui_quorvanta.h"
 
 #include <QActionGroup>

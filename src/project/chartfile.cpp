@@ -1,9 +1,9 @@
 // Saving and opening the project file of the chart.
 #include "project/qvchartclass.h"
 
-#include "app/dialogseam.h"
-#include "import/progresssession.h"
-#include "project/charttexts.h"
+#include "ui/dialogseam.h"
+#include "ui/progresssession.h"
+#include "ui/charttexts.h"
 #include "project/projectfile.h"
 #include "project/projectpaths.h"
 

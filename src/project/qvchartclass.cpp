@@ -2,7 +2,6 @@
 
 #include "project/fixedstring.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QEvent>
 #include <QGridLayout>
@@ -18,9 +17,6 @@ constexpr int kInfoLabelRow = qv::kMaxDataSets + 1;
 
 QVChartClass::QVChartClass(QWidget *mainWindow, QString *projectDir, QString *importDir, QGridLayout *rowGrid)
     : QtCharts::QChartView(static_cast<QWidget *>(nullptr)),
-      projectHeader13(QByteArrayLiteral("Quorvanta Project - (C)2016 Merovin GmbH V1.3.000RS")),
-      projectHeader14(QByteArrayLiteral("Quorvanta Project - (C)2016 Merovin GmbH V1.4.000RS")),
-      sampleFileHeader(QByteArrayLiteral("Solvanor SampleFile (C)2014 Merovin GmbH V40") + QByteArray(20, ' ')),
       mainWindow(mainWindow),
       projectDir(projectDir ? *projectDir : QString()),
       importDir(importDir ? *importDir : QString()),
@@ -31,8 +27,10 @@ QVChartClass::QVChartClass(QWidget *mainWindow, QString *projectDir, QString *im
     const QIcon settingsIcon(QStringLiteral(":/new/prefix1/resources/settings.png"));
     for (int i = 0; i < qv::kMaxDataSets; ++i) {
         enableBox[i] = new QCheckBox(rowParent);
+        enableBox[i]->setObjectName(QStringLiteral("enableBox%1").arg(i));
         enableBox[i]->setEnabled(false);
         setupButton[i] = new QToolButton(rowParent);
+        setupButton[i]->setObjectName(QStringLiteral("setupButton%1").arg(i));
         setupButton[i]->setEnabled(false);
         setupButton[i]->setIcon(settingsIcon);
         setupButton[i]->setIconSize(QSize(16, 16));
@@ -42,8 +40,10 @@ QVChartClass::QVChartClass(QWidget *mainWindow, QString *projectDir, QString *im
         }
     }
     modeBox = new QCheckBox(rowParent);
+    modeBox->setObjectName(QStringLiteral("modeBox"));
     modeBox->setVisible(false);
     infoLabel = new QLabel(rowParent);
+    infoLabel->setObjectName(QStringLiteral("infoLabel"));
     infoLabel->setMinimumHeight(48);
     infoLabel->setAlignment(Qt::AlignCenter);
     infoLabel->setWordWrap(true);
@@ -105,18 +105,12 @@ void QVChartClass::m_showRows()
 
 void QVChartClass::m_setWaitCursor()
 {
-    if (waitCursorSet)
-        return;
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    waitCursorSet = true;
+    waitCursor.set();
 }
 
 void QVChartClass::m_restoreCursor()
 {
-    if (!waitCursorSet)
-        return;
-    QApplication::restoreOverrideCursor();
-    waitCursorSet = false;
+    waitCursor.restore();
 }
 
 void QVChartClass::changeEvent(QEvent *event)

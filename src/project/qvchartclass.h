@@ -4,6 +4,7 @@
 #pragma once
 
 #include "project/chartmodel.h"
+#include "ui/waitcursor.h"
 
 #include <QByteArray>
 #include <QPointF>
@@ -14,7 +15,6 @@
 
 class QCheckBox;
 class QDialog;
-class QFile;
 class QGridLayout;
 class QLabel;
 class QPrinter;
@@ -39,7 +39,7 @@ public:
     QVChartClass(QWidget *mainWindow, QString *projectDir, QString *importDir, QGridLayout *rowGrid);
     ~QVChartClass() override;
 
-    QString *m_getImportDir() { return &importDir; }
+    const QString &m_getImportDir() const { return importDir; }
     void m_setProjectFile(QString &file, QString &dir);
 
     // Loads a project; asks for a file when file is null or empty.
@@ -55,37 +55,35 @@ public:
     // Writes min/avg/max of the window from..to into the legend entries.
     void m_setMinMaxAvg(QtCharts::QChart *chart, qint64 from, qint64 to);
 
-    // Common error exits: close the given files, show the message, release
-    // the progress dialog, restore the cursor. Both return 0.
-    int m_returnError(QFile *file, QDialog *progress, const QString &message);
-    int m_returnExtError(QFile *file1, QFile *file2, QFile *file3, QDialog *progress);
+    // Common error exits of a load or import: show the message, release the
+    // progress dialog, restore the cursor. Both return 0.
+    int m_returnError(QDialog *progress, const QString &message);
+    int m_returnExtError(QDialog *progress);
 
     qv::ChartModel &model() { return *m_model; }
     const qv::ChartModel &model() const { return *m_model; }
     const QString &m_getProjectFile() const { return projectFile; }
     const QString &m_getProjectDir() const { return projectDir; }
 
-    const QByteArray projectHeader13;
-    const QByteArray projectHeader14;
-    const QByteArray sampleFileHeader;
-
+private:
     QWidget *mainWindow;
+    // Row controls in the main window's panel, found there by object name
+    // ("enableBox0".."enableBox15", "setupButton0".., "modeBox", "infoLabel").
     QCheckBox *enableBox[qv::kMaxDataSets];
     QToolButton *setupButton[qv::kMaxDataSets];
     QCheckBox *modeBox;
     QLabel *infoLabel;
+    // The two state-band lines of the last build (owned here, not by the chart).
     QtCharts::QLineSeries *modeSeries = nullptr;
     QtCharts::QLineSeries *modeSeries2 = nullptr;
 
-private:
     QString projectDir;
     QString projectFile;
     QString importDir;
     std::unique_ptr<qv::ChartModel> m_model;
-
-public:
     // The model's settings record, shared by the file, import and chart code.
     settingsT &settings;
+    qv::WaitCursor waitCursor;
 
 signals:
     void m_enableSettings(bool enable);
@@ -122,6 +120,4 @@ private:
     void m_setWaitCursor();
     void m_restoreCursor();
     void m_retranslate();
-
-    bool waitCursorSet = false;
 };

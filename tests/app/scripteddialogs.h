@@ -3,7 +3,7 @@
 // modal loops.
 #pragma once
 
-#include "app/dialogseam.h"
+#include "ui/dialogseam.h"
 
 #include <QList>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "app/shellfixture.h"
 
 #include "app/quorvantaclass.h"
-#include "app/resources.h"
+#include "ui/resources.h"
 #include "project/fixedstring.h"
 #include "project/projectfile.h"
 

@@ -1,7 +1,7 @@
 // The import chooser and the progress dialog.
-#include "app/resources.h"
+#include "ui/resources.h"
 #include "import/importdialogclass.h"
-#include "import/progressdialogclass.h"
+#include "ui/progressdialogclass.h"
 
 #include <QLabel>
 #include <QProgressBar>

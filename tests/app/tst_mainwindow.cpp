@@ -162,7 +162,7 @@ void TestMainWindow::recentProjects()
     auto w = qvtest::makeWindow();
     w->m_ui()->menuRecent->actions().at(1)->trigger();
     QCOMPARE(w->m_chart()->m_getProjectFile(), second);
-    QCOMPARE(w->m_chart()->settings.dataSetCount, 2);
+    QCOMPARE(w->m_chart()->model().settings.dataSetCount, 2);
     QStringList expected{second, first};
     QCOMPARE(recentActionTexts(*w), expected);
     for (int i = 1; i <= 15; ++i) {
@@ -359,7 +359,7 @@ void TestMainWindow::openSaveOpen()
     w->s_openProject(second);
     QVERIFY(dialogs.messages.isEmpty());  // unmodified: no prompt
     QCOMPARE(w->m_chart()->m_getProjectFile(), second);
-    QCOMPARE(w->m_chart()->settings.dataSetCount, 3);
+    QCOMPARE(w->m_chart()->model().settings.dataSetCount, 3);
     QCOMPARE(store(), firstStore);
     QCOMPARE(w->m_recentFiles(), (QStringList{second, first}));
     QVERIFY(w->close());
@@ -473,7 +473,7 @@ void TestMainWindow::languageSwitch()
     const QString title = w->windowTitle();
     const auto texts = [&] {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LanguageChange);
-        return QStringList{u.menuRecent->title(), u.buttonData->text(), w->m_chart()->modeBox->text(),
+        return QStringList{u.menuRecent->title(), u.buttonData->text(), w->findChild<QCheckBox *>(QStringLiteral("modeBox"))->text(),
                            QCoreApplication::translate("QPlatformTheme", "Cancel")};  // Qt's own texts too
     };
     const QStringList german{QStringLiteral("&Zuletzt ge\u00f6ffnete Projekte"), QStringLiteral("Daten ausw\u00e4hlen"),

@@ -2,10 +2,10 @@
 // size, exit requests, command line, start screen, resources and the German
 // catalogue.
 #include "app/appexit.h"
-#include "app/commandline.h"
-#include "app/displaysize.h"
-#include "app/recentfiles.h"
-#include "app/resources.h"
+#include "project/commandline.h"
+#include "chart/displaysize.h"
+#include "project/recentfiles.h"
+#include "ui/resources.h"
 #include "app/startscreenclass.h"
 
 #include <QDirIterator>

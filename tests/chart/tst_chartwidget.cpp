@@ -46,10 +46,10 @@ struct Widget {
         m.activateRows();
         for (int i = 0; i < kMaxDataSets; ++i) {
             if (m.row[i].enabled)
-                connectRow(chart->enableBox[i], m.row[i].checked);
+                connectRow(box(i), m.row[i].checked);
         }
         if (m.modeBoxVisible)
-            connectRow(chart->modeBox, m.modeBoxChecked);
+            connectRow(panel->findChild<QCheckBox *>(QStringLiteral("modeBox")), m.modeBoxChecked);
     }
 
     void connectRow(QCheckBox *box, bool checked)
@@ -60,6 +60,13 @@ struct Widget {
         QObject::connect(box, &QCheckBox::stateChanged, chart.get(), &QVChartClass::s_enableLine,
                          Qt::UniqueConnection);
     }
+
+    QLineSeries *band(const char *name) const
+    {
+        return chart->findChild<QLineSeries *>(QLatin1String(name), Qt::FindDirectChildrenOnly);
+    }
+    QCheckBox *box(int i) const { return panel->findChild<QCheckBox *>(QStringLiteral("enableBox%1").arg(i)); }
+    QLabel *infoLabel() const { return panel->findChild<QLabel *>(QStringLiteral("infoLabel")); }
 
     void display() { chart->m_displayChart(chart.get(), false); }
 
@@ -76,8 +83,8 @@ struct Widget {
     {
         quint32 result = 0;
         for (int i = 0; i < kMaxDataSets; ++i) {
-            const bool shown = i < chart->model().usedDataSets() && (chart->settings.lineFlags[i] & kLineShown);
-            if (boxes ? chart->enableBox[i]->isChecked() : shown)
+            const bool shown = i < chart->model().usedDataSets() && (chart->model().settings.lineFlags[i] & kLineShown);
+            if (boxes ? box(i)->isChecked() : shown)
                 result |= 1u << i;
         }
         return result;
@@ -111,15 +118,15 @@ void TestChartWidget::displayOnTheWidget()
     QChart *before = empty.chart->chart();
     empty.display();
     QCOMPARE(empty.chart->chart(), before);
-    QVERIFY(!empty.chart->modeSeries && !empty.chart->modeSeries2);
+    QVERIFY(!empty.band("modeSeries") && !empty.band("modeSeries2"));
 
     Widget w(6, 500, true);
     w.display();
     QChart *chart = w.chart->chart();
     QVERIFY(!chart->isZoomed() && chart->acceptHoverEvents());
     // The widget keeps the band lines of its chart.
-    QCOMPARE(qobject_cast<QAreaSeries *>(chart->series().at(0))->upperSeries(), w.chart->modeSeries2);
-    QCOMPARE(qobject_cast<QAreaSeries *>(chart->series().at(1))->upperSeries(), w.chart->modeSeries);
+    QCOMPARE(qobject_cast<QAreaSeries *>(chart->series().at(0))->upperSeries(), w.band("modeSeries2"));
+    QCOMPARE(qobject_cast<QAreaSeries *>(chart->series().at(1))->upperSeries(), w.band("modeSeries"));
     QCOMPARE(chart->legend()->font().pointSize(), 1480 / 148);  // the widget's own width
     // Statistics over the whole range: samples 0..497.
     QCOMPARE(w.names().at(3), QStringLiteral("Set 1 (10.00 / 14.73 / 19.50 u1)"));
@@ -143,8 +150,8 @@ void TestChartWidget::displayAgain()
     w.display();
     releaseDeferred();
     QPointer<QChart> chart = w.chart->chart();
-    QPointer<QLineSeries> upper = w.chart->modeSeries;
-    QPointer<QLineSeries> lower = w.chart->modeSeries2;
+    QPointer<QLineSeries> upper = w.band("modeSeries");
+    QPointer<QLineSeries> lower = w.band("modeSeries2");
     const QStringList names = w.names();
     ChartModel &m = w.chart->model();
     if (damage == QLatin1String("count"))
@@ -157,10 +164,10 @@ void TestChartWidget::displayAgain()
     const bool kept = !damage.isEmpty();
     QVERIFY(chart && upper && lower);  // never released at once
     QCOMPARE(w.chart->chart() == chart, kept);
-    QCOMPARE(w.chart->modeSeries == upper && w.chart->modeSeries2 == lower, kept);
+    QCOMPARE(w.band("modeSeries") == upper && w.band("modeSeries2") == lower, kept);
     releaseDeferred();
     QCOMPARE(int(!chart) + int(!upper) + int(!lower), kept ? 0 : 3);
-    QVERIFY(w.chart->modeSeries && w.chart->modeSeries2);
+    QVERIFY(w.band("modeSeries") && w.band("modeSeries2"));
     QCOMPARE(w.names(), names);
     QVERIFY(!w.chart->grab().isNull());  // paints with its own band lines
 }
@@ -216,23 +223,23 @@ void TestChartWidget::enableLine()
     QFETCH(quint32, shown);
     Widget w(4, 100, false);
     for (int i = 0; connectedTwice && i < 4; ++i)
-        QObject::connect(w.chart->enableBox[i], &QCheckBox::stateChanged, w.chart.get(), &QVChartClass::s_enableLine);
+        QObject::connect(w.box(i), &QCheckBox::stateChanged, w.chart.get(), &QVChartClass::s_enableLine);
     w.display();
-    w.chart->infoLabel->setText(QStringLiteral("State"));
+    w.infoLabel()->setText(QStringLiteral("State"));
     for (int i : clicks)
-        w.chart->enableBox[i]->click();
+        w.box(i)->click();
     QCOMPARE(w.bits(false), shown);
     QCOMPARE(w.bits(true), shown);
     QCOMPARE(w.chart->chart()->series().size(), qPopulationCount(shown));
     // The mode box is off (no mode data): the state label is cleared.
-    QCOMPARE(w.chart->infoLabel->text(), QString());
-    QCOMPARE(w.chart->settings.flags & kFlagShowModeTrack, 0u);
+    QCOMPARE(w.infoLabel()->text(), QString());
+    QCOMPARE(w.chart->model().settings.flags & kFlagShowModeTrack, 0u);
 }
 
 void TestChartWidget::zoomWindowSurvivesRebuild()
 {
     Widget w(2, 1000, false);
-    settingsT &s = w.chart->settings;
+    settingsT &s = w.chart->model().settings;
     s.viewBegin = timeOf(100);
     s.viewEnd = timeOf(300);
     w.display();
@@ -250,7 +257,7 @@ void TestChartWidget::zoomWindowSurvivesRebuild()
     QCOMPARE(w.names().first(), QString::fromUtf8("Set 0 (min 0.00 / ⌀ 4.75 / max 9.50 u0)"));
 
     // A row toggle rebuilds and zooms again.
-    w.chart->enableBox[1]->click();
+    w.box(1)->click();
     QVERIFY(w.chart->chart() != chart);
     QVERIFY(w.chart->chart()->isZoomed());
     QCOMPARE(s.viewBegin, timeOf(100));

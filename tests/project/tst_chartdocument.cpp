@@ -6,7 +6,7 @@
 #include "support/testsupport.h"
 
 #include "import/importkind.h"
-#include "import/progressdialogclass.h"
+#include "ui/progressdialogclass.h"
 #include "project/projectfile.h"
 #include "project/qvchartclass.h"
 
@@ -70,15 +70,15 @@ QStringList progressTexts(QWidget *parent)
 
 // "<text>+" or "<text>-" (ticked or not) per row in use; "!" marks a row whose
 // box and setup button disagree.
-QStringList enabledRows(QVChartClass &chart)
+QStringList enabledRows(QWidget *panel)
 {
     QStringList rows;
     for (int i = 0; i < 16; ++i) {
-        const bool box = chart.enableBox[i]->isEnabled();
-        const bool button = chart.setupButton[i]->isEnabled();
-        if (box || button)
-            rows << chart.enableBox[i]->text() + QLatin1String(chart.enableBox[i]->isChecked() ? "+" : "-") +
-                        QLatin1String(box && button ? "" : "!");
+        auto *box = panel->findChild<QCheckBox *>(QStringLiteral("enableBox%1").arg(i));
+        const bool button = panel->findChild<QToolButton *>(QStringLiteral("setupButton%1").arg(i))->isEnabled();
+        if (box->isEnabled() || button)
+            rows << box->text() + QLatin1String(box->isChecked() ? "+" : "-") +
+                        QLatin1String(box->isEnabled() && button ? "" : "!");
     }
     return rows;
 }
@@ -105,6 +105,7 @@ private slots:
 private:
     std::unique_ptr<ImportingChart> makeChart(const QString &projectDir = QString(),
                                               const QString &importDir = QString());
+    QCheckBox *modeBox() const { return window->findChild<QCheckBox *>(QStringLiteral("modeBox")); }
     QTemporaryDir scratch;
     std::unique_ptr<QWidget> window;
     QGridLayout *grid = nullptr;
@@ -148,11 +149,11 @@ void TestChartDocument::construction()
     auto chart = makeChart(QStringLiteral("/projects"), QStringLiteral("/imports"));
     QVERIFY(!chart->parentWidget());
     QCOMPARE(chart->m_getProjectDir(), QStringLiteral("/projects"));
-    QCOMPARE(*chart->m_getImportDir(), QStringLiteral("/imports"));
+    QCOMPARE(chart->m_getImportDir(), QStringLiteral("/imports"));
     QVERIFY(chart->m_getProjectFile().isEmpty());
-    QVERIFY(enabledRows(*chart).isEmpty());
-    QCOMPARE(chart->modeBox->text(), QStringLiteral("Show vaporix Mode"));
-    QVERIFY(chart->modeBox->isHidden());
+    QVERIFY(enabledRows(window.get()).isEmpty());
+    QCOMPARE(modeBox()->text(), QStringLiteral("Show vaporix Mode"));
+    QVERIFY(modeBox()->isHidden());
     QCOMPARE(grid->count(), 2 * 16 + 2);
     chart.reset();
     QCOMPARE(grid->count(), 0);
@@ -182,19 +183,19 @@ void TestChartDocument::openShowsRows()
     QStringList rows;
     for (int i = 0; i < dataSets; ++i)
         rows << QStringLiteral("Set %1").arg(i) + QLatin1String(i == 1 ? "-" : "+");
-    QCOMPARE(enabledRows(*chart), rows);
-    QCOMPARE(chart->modeBox->isHidden(), !modes);
-    QCOMPARE(chart->modeBox->isChecked(), modes);
+    QCOMPARE(enabledRows(window.get()), rows);
+    QCOMPARE(modeBox()->isHidden(), !modes);
+    QCOMPARE(modeBox()->isChecked(), modes);
     QCOMPARE(chart->m_getProjectFile(), path);
     QCOMPARE(changes, QStringList{path + QLatin1Char('|') + scratch.path()});
     if (dataSets < 3)
         return;
-    chart->enableBox[2]->setChecked(false);
-    chart->enableBox[1]->setChecked(true);
-    QCOMPARE(chart->settings.lineFlags[2] & qv::kLineShown, 0u);
-    QCOMPARE(chart->settings.lineFlags[1] & qv::kLineShown, qv::kLineShown);
-    chart->modeBox->setChecked(false);
-    QCOMPARE(chart->settings.flags & qv::kFlagShowModeTrack, 0u);
+    window->findChild<QCheckBox *>(QStringLiteral("enableBox2"))->setChecked(false);
+    window->findChild<QCheckBox *>(QStringLiteral("enableBox1"))->setChecked(true);
+    QCOMPARE(chart->model().settings.lineFlags[2] & qv::kLineShown, 0u);
+    QCOMPARE(chart->model().settings.lineFlags[1] & qv::kLineShown, qv::kLineShown);
+    modeBox()->setChecked(false);
+    QCOMPARE(chart->model().settings.flags & qv::kFlagShowModeTrack, 0u);
 }
 
 void TestChartDocument::save_data()
@@ -274,11 +275,11 @@ void TestChartDocument::save()
     const QString path = dir.filePath(written);
     QCOMPARE(changes, QStringList{path + QLatin1Char('|') + dir.path()});
     QCOMPARE(chart->m_getProjectFile(), path);
-    QVERIFY(chart->settings.changedTime >= now);
+    QVERIFY(chart->model().settings.changedTime >= now);
     auto loaded = std::make_unique<qv::ChartModel>();
     QVERIFY(qv::g_loadProjectFile(*loaded, path, qv::ProgressFn()).ok);
-    QVERIFY(std::memcmp(&loaded->settings, &chart->settings, sizeof(settingsT)) == 0);
-    for (int i = 0; i < chart->settings.dataSetCount; ++i)
+    QVERIFY(std::memcmp(&loaded->settings, &chart->model().settings, sizeof(settingsT)) == 0);
+    for (int i = 0; i < chart->model().settings.dataSetCount; ++i)
         QVERIFY(std::memcmp(loaded->data(i), chart->model().data(i), sizeof(_chartDataType)) == 0);
 }
 
@@ -350,8 +351,8 @@ void TestChartDocument::importRoutine()
         QCOMPARE(shown, expected);
         if (!failure.isEmpty())
             QCOMPARE(int(dialogs.messages.first().kind), int(critical ? MessageKind::Critical : MessageKind::Warning));
-        QCOMPARE(*chart->m_getImportDir(), QStringLiteral("/imports"));
-        QVERIFY(enabledRows(*chart).isEmpty());
+        QCOMPARE(chart->m_getImportDir(), QStringLiteral("/imports"));
+        QVERIFY(enabledRows(window.get()).isEmpty());
         return;
     }
     QCOMPARE(FakeReader::path, file);
@@ -363,10 +364,10 @@ void TestChartDocument::importRoutine()
     QCOMPARE(int(dialogs.messages.at(1).kind), int(MessageKind::Warning));
     QCOMPARE(dialogs.messages.at(1).title, QStringLiteral("Quorvanta Error"));
     QCOMPARE(progressAtMessage.first(), QStringLiteral("Importing Sampling Data.../Test Data"));
-    QCOMPARE(*chart->m_getImportDir(), QStringLiteral("/data/cellar"));
-    QCOMPARE(enabledRows(*chart), (QStringList{QStringLiteral("Set 0+"), QStringLiteral("Set 1-"),
+    QCOMPARE(chart->m_getImportDir(), QStringLiteral("/data/cellar"));
+    QCOMPARE(enabledRows(window.get()), (QStringList{QStringLiteral("Set 0+"), QStringLiteral("Set 1-"),
                                                QStringLiteral("Set 2+")}));
-    QVERIFY(!chart->modeBox->isHidden() && chart->modeBox->isChecked());
+    QVERIFY(!modeBox()->isHidden() && modeBox()->isChecked());
 }
 
 QTEST_MAIN(TestChartDocument)

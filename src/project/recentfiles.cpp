@@ -1,4 +1,4 @@
-#include "app/recentfiles.h"
+#include "project/recentfiles.h"
 
 namespace qv {
 

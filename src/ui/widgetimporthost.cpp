@@ -1,22 +1,10 @@
-#include "import/widgetimporthost.h"
+#include "ui/widgetimporthost.h"
 
-#include "app/dialogseam.h"
-#include "import/progresssession.h"
-#include "project/charttexts.h"
-
-#include <QCoreApplication>
+#include "ui/dialogseam.h"
+#include "ui/progresssession.h"
+#include "ui/charttexts.h"
 
 namespace qv {
-
-QString g_chartText(const char *source)
-{
-    return QCoreApplication::translate("QVChartClass", source ? source : "");
-}
-
-QString g_chartText(const QString &source)
-{
-    return QCoreApplication::translate("QVChartClass", source.toUtf8().constData());
-}
 
 WidgetImportHost::WidgetImportHost(QWidget *parent, ProgressSession &progress)
     : m_parent(parent), m_progress(progress)

@@ -1,4 +1,4 @@
-#include "import/progressdialogclass.h"
+#include "ui/progressdialogclass.h"
 
 #include "ui_progressdialog.h"
 

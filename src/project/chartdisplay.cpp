@@ -14,11 +14,14 @@ void QVChartClass::m_displayChart(QtCharts::QChartView *view, bool forPrint)
     if (!view || qv::g_checkChartData(model()) != qv::ChartCheck::Drawable)
         return;
 
-    // The band lines belong to no chart; release those of the last build.
-    if (modeSeries)
-        modeSeries->deleteLater();
-    if (modeSeries2)
-        modeSeries2->deleteLater();
+    // The band lines belong to no chart; release those of the last build
+    // (nameless from now on, so that only the current pair is found by name).
+    for (QtCharts::QLineSeries *band : {modeSeries, modeSeries2}) {
+        if (band) {
+            band->setObjectName(QString());
+            band->deleteLater();
+        }
+    }
     modeSeries = nullptr;
     modeSeries2 = nullptr;
 
@@ -26,10 +29,14 @@ void QVChartClass::m_displayChart(QtCharts::QChartView *view, bool forPrint)
     // Owned by the widget from now on, so the last pair goes with it.
     modeSeries = build.upperBand;
     modeSeries2 = build.lowerBand;
-    if (modeSeries)
+    if (modeSeries) {
         modeSeries->setParent(this);
-    if (modeSeries2)
+        modeSeries->setObjectName(QStringLiteral("modeSeries"));
+    }
+    if (modeSeries2) {
         modeSeries2->setParent(this);
+        modeSeries2->setObjectName(QStringLiteral("modeSeries2"));
+    }
     QtCharts::QChart *chart = build.chart;
 
     if (!forPrint) {

@@ -1,6 +1,6 @@
-#include "import/progresssession.h"
+#include "ui/progresssession.h"
 
-#include "import/progressdialogclass.h"
+#include "ui/progressdialogclass.h"
 
 namespace qv {
 

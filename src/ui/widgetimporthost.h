@@ -9,10 +9,6 @@ namespace qv {
 
 class ProgressSession;
 
-// Translates a text that the core gave in English, in the chart's context.
-QString g_chartText(const char *source);
-QString g_chartText(const QString &source);
-
 class WidgetImportHost : public ImportHost
 {
 public:

@@ -1,4 +1,4 @@
-#include "app/dialogseam.h"
+#include "ui/dialogseam.h"
 
 #include <QDialog>
 #include <QFileDialog>

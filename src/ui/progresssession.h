@@ -3,7 +3,7 @@
 // be opened) show without an empty progress window behind them.
 #pragma once
 
-#include "import/progressdialogclass.h"
+#include "ui/progressdialogclass.h"
 #include "project/progress.h"
 
 #include <QPointer>

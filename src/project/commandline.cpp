@@ -1,4 +1,4 @@
-#include "app/commandline.h"
+#include "project/commandline.h"
 
 namespace qv {
 

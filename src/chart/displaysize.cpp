@@ -1,4 +1,4 @@
-#include "app/displaysize.h"
+#include "chart/displaysize.h"
 
 namespace qv {
 
