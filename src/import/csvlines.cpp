@@ -38,7 +38,8 @@ ByteView ByteView::upToZero() const
 }
 
 LineReader::LineReader(QIODevice &device, qsizetype maxLineBytes)
-    : m_device(device), m_maxLine(qMax<qsizetype>(1, maxLineBytes))
+    : m_device(device), m_maxLine(qMax<qsizetype>(1, maxLineBytes)),
+      m_buffer(std::size_t(m_maxLine + 1 + kBlockSize))
 {
 }
 
