@@ -6,7 +6,7 @@ namespace qv {
 
 ProgressSession::ProgressSession(QWidget *parent, const QString &text, const QString &detail,
                                  std::function<void()> onShow)
-    : m_parent(parent), m_text(text), m_detail(detail), m_onShow(std::move(onShow))
+    : parent_(parent), text_(text), detail_(detail), onShow_(std::move(onShow))
 {
 }
 
@@ -17,20 +17,20 @@ ProgressSession::~ProgressSession()
 
 void ProgressSession::set(int mainValue, int detailValue)
 {
-    if (!m_dialog) {
-        if (m_onShow)
-            m_onShow();
-        m_dialog = new ProgressDialogClass(m_parent, m_text, m_detail);
-    } else if (mainValue == m_lastMain && detailValue == m_lastDetail) {
+    if (!dialog_) {
+        if (onShow_)
+            onShow_();
+        dialog_ = new ProgressDialogClass(parent_, text_, detail_);
+    } else if (mainValue == lastMain_ && detailValue == lastDetail_) {
         return;  // importers report per row; repaint only when a bar moves
     }
-    m_lastMain = mainValue;
-    m_lastDetail = detailValue;
-    if (!m_dialog)  // closed and deleted while events were processed
+    lastMain_ = mainValue;
+    lastDetail_ = detailValue;
+    if (!dialog_)  // closed and deleted while events were processed
         return;
-    m_dialog->m_setProgress(mainValue);
-    if (m_dialog)
-        m_dialog->m_setDetailProgress(detailValue);
+    dialog_->m_setProgress(mainValue);
+    if (dialog_)
+        dialog_->m_setDetailProgress(detailValue);
 }
 
 ProgressFn ProgressSession::callback()
@@ -40,18 +40,18 @@ ProgressFn ProgressSession::callback()
 
 QDialog *ProgressSession::take()
 {
-    ProgressDialogClass *dialog = m_dialog;
-    m_dialog = nullptr;
+    ProgressDialogClass *dialog = dialog_;
+    dialog_ = nullptr;
     return dialog;
 }
 
 void ProgressSession::release()
 {
-    if (m_dialog) {
-        m_dialog->hide();  // gone at once, even before the event loop deletes it
-        m_dialog->deleteLater();
+    if (dialog_) {
+        dialog_->hide();  // gone at once, even before the event loop deletes it
+        dialog_->deleteLater();
     }
-    m_dialog = nullptr;
+    dialog_ = nullptr;
 }
 
 }  // namespace qv

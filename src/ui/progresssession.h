@@ -29,20 +29,20 @@ public:
     void set(int mainValue, int detailValue);
     ProgressFn callback();
 
-    ProgressDialogClass *dialog() const { return m_dialog; }
+    ProgressDialogClass *dialog() const { return dialog_; }
     // Hands the dialog over to an error exit that releases it; null if none was shown.
     QDialog *take();
     // Schedules the dialog for deletion.
     void release();
 
 private:
-    QWidget *m_parent;
-    QString m_text;
-    QString m_detail;
-    std::function<void()> m_onShow;
-    QPointer<ProgressDialogClass> m_dialog;
-    int m_lastMain = -1;
-    int m_lastDetail = -1;
+    QWidget *parent_;
+    QString text_;
+    QString detail_;
+    std::function<void()> onShow_;
+    QPointer<ProgressDialogClass> dialog_;
+    int lastMain_ = -1;
+    int lastDetail_ = -1;
 };
 
 }  // namespace qv

@@ -7,24 +7,24 @@
 namespace qv {
 
 WidgetImportHost::WidgetImportHost(QWidget *parent, ProgressSession &progress)
-    : m_parent(parent), m_progress(progress)
+    : parent_(parent), progress_(progress)
 {
 }
 
 bool WidgetImportHost::askYesNo(const QString &title, const QString &question)
 {
-    return g_question(m_parent, g_chartText(title), g_chartText(question), QMessageBox::Yes | QMessageBox::No) ==
+    return g_question(parent_, g_chartText(title), g_chartText(question), QMessageBox::Yes | QMessageBox::No) ==
            QMessageBox::Yes;
 }
 
 void WidgetImportHost::warn(const QString &message)
 {
-    g_warning(m_parent, g_chartText(kTextErrorTitle), g_chartText(message));
+    g_warning(parent_, g_chartText(kTextErrorTitle), g_chartText(message));
 }
 
 void WidgetImportHost::progress(int mainValue, int detailValue)
 {
-    m_progress.set(mainValue, detailValue);
+    progress_.set(mainValue, detailValue);
 }
 
 }  // namespace qv

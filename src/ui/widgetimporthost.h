@@ -19,8 +19,8 @@ public:
     void progress(int mainValue, int detailValue) override;
 
 private:
-    QWidget *m_parent;
-    ProgressSession &m_progress;
+    QWidget *parent_;
+    ProgressSession &progress_;
 };
 
 }  // namespace qv
