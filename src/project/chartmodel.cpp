@@ -115,6 +115,21 @@ void ChartModel::clearStores()
         zeroStore(store);
 }
 
+void ChartModel::reset()
+{
+    clearStores();
+    zeroStore(m_displayData);
+    // Small enough to write: their pages stay mapped for the next use.
+    std::memset(m_modeCodes, 0, sizeof(modeCodesT));
+    std::memset(m_displayModeCodes, 0, sizeof(modeCodesT));
+    std::memset(m_modeParameters, 0, sizeof(modeParametersT));
+    g_initSettings(settings, g_currentSeconds());
+    for (RowState &r : row)
+        r = RowState();
+    modeBoxVisible = false;
+    modeBoxChecked = false;
+}
+
 int ChartModel::usedDataSets() const
 {
     return qBound(0, int(settings.dataSetCount), kMaxDataSets);

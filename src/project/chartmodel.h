@@ -179,6 +179,10 @@ public:
 
     // Zero every sample store (the project loader starts from empty stores).
     void clearStores();
+    // Back to the state of a newly made model (fresh record, empty stores and
+    // mode track, no rows) without a new allocation; it costs about what the
+    // last use wrote, so one model can serve many imports in a row.
+    void reset();
 
     // Number of samples of data set 0 with rangeBegin <= time <= rangeEnd.
     qint32 countRange() const;
