@@ -29,7 +29,7 @@ bool QVChartClass::s_saveProject()
     qv::SaveOptions options;
     options.changedTime = qv::g_currentSeconds();
     options.progress = progress.callback();
-    const qv::FileResult result = qv::g_saveProjectFile(*m_model, projectFile, options);
+    const qv::FileResult result = qv::g_saveProjectFile(*chartModel, projectFile, options);
     progress.release();
     m_restoreCursor();
     if (!result.ok) {
@@ -63,7 +63,7 @@ bool QVChartClass::m_openProject(QString *file)
     // to be a project.
     qv::ProgressSession progress(mainWindow, tr("Loading project..."), tr(kChartData),
                                  [this] { m_setWaitCursor(); });
-    const qv::FileResult result = qv::g_loadProjectFile(*m_model, path, progress.callback());
+    const qv::FileResult result = qv::g_loadProjectFile(*chartModel, path, progress.callback());
     if (!result.ok)
         return m_fail(result, progress.take());
 

@@ -54,7 +54,7 @@ bool QVChartClass::m_runImport(const qv::ImportKind &kind)
     m_setWaitCursor();
     qv::ProgressSession progress(mainWindow, tr(qv::kTextImporting), tr(kind.detail));
     qv::WidgetImportHost host(mainWindow, progress);
-    const qv::FileResult result = kind.read(path, *m_model, host);
+    const qv::FileResult result = kind.read(path, *chartModel, host);
     if (!result.ok)
         return m_fail(result, progress.take());
 

@@ -33,25 +33,25 @@ PayloadBuffer::PayloadBuffer(qint64 size)
     void *p = mmap(nullptr, size_t(size), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (p != MAP_FAILED) {
         madvise(p, size_t(size), MADV_HUGEPAGE);
-        m_data = static_cast<char *>(p);
-        m_size = size;
-        m_mapped = true;
+        data_ = static_cast<char *>(p);
+        size_ = size;
+        mapped_ = true;
         return;
     }
 #endif
-    m_data = static_cast<char *>(std::malloc(size_t(size)));
-    m_size = m_data ? size : 0;
+    data_ = static_cast<char *>(std::malloc(size_t(size)));
+    size_ = data_ ? size : 0;
 }
 
 PayloadBuffer::~PayloadBuffer()
 {
 #ifdef Q_OS_LINUX
-    if (m_mapped) {
-        munmap(m_data, size_t(m_size));
+    if (mapped_) {
+        munmap(data_, size_t(size_));
         return;
     }
 #endif
-    std::free(m_data);
+    std::free(data_);
 }
 
 void g_populate(const void *data, qint64 size, bool forWriting)

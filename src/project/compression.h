@@ -24,14 +24,14 @@ public:
     PayloadBuffer(const PayloadBuffer &) = delete;
     PayloadBuffer &operator=(const PayloadBuffer &) = delete;
 
-    char *data() const { return m_data; }
-    qint64 size() const { return m_size; }
-    bool isNull() const { return m_data == nullptr; }
+    char *data() const { return data_; }
+    qint64 size() const { return size_; }
+    bool isNull() const { return data_ == nullptr; }
 
 private:
-    char *m_data = nullptr;
-    qint64 m_size = 0;
-    bool m_mapped = false;
+    char *data_ = nullptr;
+    qint64 size_ = 0;
+    bool mapped_ = false;
 };
 
 // Maps the pages of a large region in one go before it is read or written

@@ -20,8 +20,8 @@ QVChartClass::QVChartClass(QWidget *mainWindow, QString *projectDir, QString *im
       mainWindow(mainWindow),
       projectDir(projectDir ? *projectDir : QString()),
       importDir(importDir ? *importDir : QString()),
-      m_model(std::make_unique<qv::ChartModel>()),
-      settings(m_model->settings)
+      chartModel(std::make_unique<qv::ChartModel>()),
+      settings(chartModel->settings)
 {
     QWidget *rowParent = rowGrid ? rowGrid->parentWidget() : nullptr;
     const QIcon settingsIcon(QStringLiteral(":/new/prefix1/resources/settings.png"));
@@ -85,7 +85,7 @@ void QVChartClass::s_showHelp(QWidget *parent, QString *page)
 
 void QVChartClass::m_showRows()
 {
-    const qv::ChartModel &m = *m_model;
+    const qv::ChartModel &m = *chartModel;
     for (int i = 0; i < qv::kMaxDataSets; ++i) {
         if (!m.row[i].enabled)
             continue;

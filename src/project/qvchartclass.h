@@ -60,8 +60,8 @@ public:
     int m_returnError(QDialog *progress, const QString &message);
     int m_returnExtError(QDialog *progress);
 
-    qv::ChartModel &model() { return *m_model; }
-    const qv::ChartModel &model() const { return *m_model; }
+    qv::ChartModel &model() { return *chartModel; }
+    const qv::ChartModel &model() const { return *chartModel; }
     const QString &m_getProjectFile() const { return projectFile; }
     const QString &m_getProjectDir() const { return projectDir; }
 
@@ -80,7 +80,7 @@ private:
     QString projectDir;
     QString projectFile;
     QString importDir;
-    std::unique_ptr<qv::ChartModel> m_model;
+    std::unique_ptr<qv::ChartModel> chartModel;
     // The model's settings record, shared by the file, import and chart code.
     settingsT &settings;
     qv::WaitCursor waitCursor;
