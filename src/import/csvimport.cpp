@@ -78,9 +78,9 @@ FileResult CsvImport::run(const QString &path)
 {
     m_host.progress(1, 255);
     if (!readTitle())
-        return FileResult::failure(kMsgCsvTitle, false);
+        return FileResult::failure(kMsgCsvTitle, FileError::BadContents);
     if (!readHeader())
-        return FileResult::failure(kMsgCsvColumns, false);
+        return FileResult::failure(kMsgCsvColumns, FileError::BadContents);
     readRows();
     finishDataSets();
     if (m_title == kSensorTitle) {
@@ -193,12 +193,12 @@ FileResult CsvImport::readSiblings(const QString &path)
     switch (files.open(g_siblingPaths(path, {"TS01", "TS02", "TS03", "TS04"}))) {
     case SiblingFiles::Opened: break;
     case SiblingFiles::Missing: return FileResult();
-    case SiblingFiles::NotRegular: return FileResult::failure(kMsgReadError, true);
+    case SiblingFiles::NotRegular: return FileResult::failure(kMsgReadError, FileError::CannotOpen);
     }
     if (!m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
         return FileResult();
     if (!readStateLog(files[0]) || !readParameters(files[1]) || !readCardParameters(files[2]))
-        return FileResult::failure(kMsgSiblingFiles, false);
+        return FileResult::failure(kMsgSiblingFiles, FileError::SiblingFiles);
     m_host.progress(255, 255);
     g_applySensorLayout(m_model);
     return FileResult();
@@ -264,7 +264,7 @@ FileResult g_importControllerCsv(const QString &path, ChartModel &model, ImportH
 {
     QFile file(path);
     if (!g_openRegularFile(file))
-        return FileResult::failure(kMsgReadError, true);
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
     return CsvImport(file, model, host).run(path);
 }
 

@@ -23,7 +23,7 @@ FileResult g_readInput(InputType type, const QString &path, ChartModel &model, I
     case InputType::Unknown:
         break;
     }
-    return FileResult::failure(kMsgTypeNotSupported, false);
+    return FileResult::failure(kMsgTypeNotSupported, FileError::BadContents);
 }
 
 }  // namespace qv

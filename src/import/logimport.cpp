@@ -106,16 +106,16 @@ FileResult LogImport::readSensorLog(QIODevice &file)
 {
     m_host.progress(1, 255);
     if (!g_readLogMagic(file))
-        return FileResult::failure(kMsgNoLog, false);
+        return FileResult::failure(kMsgNoLog, FileError::BadContents);
     m_host.progress(10, 255);
     if (!g_readLogHeader(file, &m_header) || !g_isUsableLogHeader(m_header))
-        return FileResult::failure(kMsgLogHeader, false);
+        return FileResult::failure(kMsgLogHeader, FileError::BadContents);
     m_host.progress(20, 255);
     bool complete = false;
     const QByteArray data = g_readLogData(file, m_header.dataSize, &complete);
     if (!complete &&
         !m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskFixMissingData)))
-        return FileResult::failure(kMsgLogSize, false);
+        return FileResult::failure(kMsgLogSize, FileError::BadContents);
     m_host.progress(192, 255);
 
     g_qString2Buffer(m_settings.description, QString::fromLatin1(m_header.title), kDescriptionWidth);
@@ -189,12 +189,12 @@ FileResult LogImport::readSiblings(const QString &path)
     switch (files.open(siblingPaths(path))) {
     case SiblingFiles::Opened: break;
     case SiblingFiles::Missing: return FileResult();
-    case SiblingFiles::NotRegular: return FileResult::failure(kMsgReadError, true);
+    case SiblingFiles::NotRegular: return FileResult::failure(kMsgReadError, FileError::CannotOpen);
     }
     if (!m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
         return FileResult();
 
-    const FileResult failed = FileResult::failure(kMsgSiblingFiles, false);
+    const FileResult failed = FileResult::failure(kMsgSiblingFiles, FileError::SiblingFiles);
     m_host.progress(1, 255);
     for (int i = 0; i < 3; ++i) {
         if (!g_readLogMagic(files[i]))
@@ -303,7 +303,7 @@ FileResult g_importControllerLog(const QString &path, ChartModel &model, ImportH
 {
     QFile file(path);
     if (!g_openRegularFile(file))
-        return FileResult::failure(kMsgReadError, true);
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
     return LogImport(model, host).run(file, path);
 }
 

@@ -66,7 +66,7 @@ FileResult VisImport::run()
 {
     m_host.progress(1, 255);
     if (const char *error = readHeader())
-        return FileResult::failure(error, false);
+        return FileResult::failure(error, FileError::BadContents);
     readSamples();
     finish();
     return FileResult();
@@ -189,7 +189,7 @@ FileResult g_importVisCsv(const QString &path, ChartModel &model, ImportHost &ho
 {
     QFile file(path);
     if (!g_openRegularFile(file))
-        return FileResult::failure(kMsgReadError, true);
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
     return VisImport(file, model, host).run();
 }
 

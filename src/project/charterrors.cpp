@@ -9,7 +9,6 @@
 #include <QDialog>
 #include <QtGlobal>
 
-#include <cstring>
 
 namespace {
 
@@ -41,16 +40,21 @@ int QVChartClass::m_returnExtError(QDialog *progress)
 
 bool QVChartClass::m_fail(const qv::FileResult &result, QDialog *progress)
 {
-    const char *message = result.message ? result.message : "";
-    if (result.critical) {
-        // A file that cannot be opened: nothing was started yet.
+    const QString message = qv::g_chartText(result.message);
+    switch (result.error) {
+    case qv::FileError::SiblingFiles:
+        m_returnExtError(progress);
+        break;
+    case qv::FileError::CannotOpen:
+    case qv::FileError::CannotWrite:
         releaseDialog(progress);
         m_restoreCursor();
-        qv::g_critical(mainWindow, tr(qv::kTextErrorTitle), qv::g_chartText(message));
-    } else if (std::strcmp(message, qv::kTextExtError) == 0) {
-        m_returnExtError(progress);
-    } else {
-        m_returnError(progress, qv::g_chartText(message));
+        qv::g_critical(mainWindow, tr(qv::kTextErrorTitle), message);
+        break;
+    case qv::FileError::None:
+    case qv::FileError::BadContents:
+        m_returnError(progress, message);
+        break;
     }
     return false;
 }

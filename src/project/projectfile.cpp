@@ -199,7 +199,7 @@ qint64 g_payloadSize(int dataSets, bool withModeData)
 
 FileResult g_writeProject(ChartModel &model, QIODevice &device, const SaveOptions &options)
 {
-    const FileResult writeError = FileResult::failure(kMsgWriteError, true);
+    const FileResult writeError = FileResult::failure(kMsgWriteError, FileError::CannotWrite);
     g_report(options.progress, 1, 255);
     model.settings.changedTime = options.changedTime;
 
@@ -253,7 +253,7 @@ FileResult g_writeProject(ChartModel &model, QIODevice &device, const SaveOption
 
 FileResult g_saveProjectFile(ChartModel &model, const QString &path, const SaveOptions &options)
 {
-    const FileResult writeError = FileResult::failure(kMsgWriteError, true);
+    const FileResult writeError = FileResult::failure(kMsgWriteError, FileError::CannotWrite);
     const QString lockPath = path + QLatin1String(".lock");
     if (path.isEmpty() || !g_mayReplace(path) || !g_mayReplace(lockPath))
         return writeError;
@@ -261,7 +261,7 @@ FileResult g_saveProjectFile(ChartModel &model, const QString &path, const SaveO
     QLockFile lock(lockPath);
     if (!lock.tryLock(qMax(0, options.lockWaitMs))) {
         if (lock.error() == QLockFile::LockFailedError)
-            return FileResult::failure(kMsgProjectInUse, true);
+            return FileResult::failure(kMsgProjectInUse, FileError::CannotWrite);
         return writeError;  // no lock can be made here: nor a temporary file
     }
 
@@ -291,18 +291,18 @@ void g_ignoreFileSizeSignal()
 
 FileResult g_readProject(ChartModel &model, QIODevice &device, const ProgressFn &progress)
 {
-    const FileResult damaged = FileResult::failure(kMsgDamagedProject, false);
+    const FileResult damaged = FileResult::failure(kMsgDamagedProject, FileError::BadContents);
 
     QByteArray magic;
     quint32 magicLength = 0;
     if (!readLength(device, &magicLength) || magicLength != kMagicLength)
-        return FileResult::failure(kMsgNoProject, false);
+        return FileResult::failure(kMsgNoProject, FileError::BadContents);
     magic.resize(kMagicLength);
     if (!readExactly(device, magic.data(), kMagicLength))
-        return FileResult::failure(kMsgNoProject, false);
+        return FileResult::failure(kMsgNoProject, FileError::BadContents);
     const int version = versionOf(magic);
     if (version == 0)
-        return FileResult::failure(kMsgNoProject, false);
+        return FileResult::failure(kMsgNoProject, FileError::BadContents);
 
     g_report(progress, 1, 255);
     model.clearStores();
@@ -357,7 +357,7 @@ FileResult g_loadProjectFile(ChartModel &model, const QString &path, const Progr
 {
     QFile file(path);
     if (!g_openRegularFile(file))
-        return FileResult::failure(kMsgReadError, true);
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
     return g_readProject(model, file, progress);
 }
 

@@ -26,14 +26,22 @@ extern const char *const kMsgReadError;      // "Error reading file!"
 extern const char *const kMsgWriteError;     // "Error while writing file!"
 extern const char *const kMsgProjectInUse;   // "The project is in use by another program!"
 
+// What went wrong with a file; the widgets choose their message box by it.
+enum class FileError {
+    None,
+    CannotOpen,    // cannot be opened, or is no regular file: a critical box
+    CannotWrite,   // cannot be written: a critical box
+    BadContents,   // read, but its contents are wrong: a warning
+    SiblingFiles,  // a sibling file of a sampling is wrong: the sibling error exit
+};
+
 struct FileResult {
     bool ok = true;
-    const char *message = nullptr;  // one of the texts above when !ok
-    bool critical = false;          // critical box rather than a warning
-    static FileResult failure(const char *text, bool isCritical)
-    {
-        return FileResult{false, text, isCritical};
-    }
+    const char *message = nullptr;  // the exact user text (English source) when !ok
+    FileError error = FileError::None;
+
+    bool critical() const { return error == FileError::CannotOpen || error == FileError::CannotWrite; }
+    static FileResult failure(const char *text, FileError kind) { return FileResult{false, text, kind}; }
 };
 
 // Uncompressed payload size for a record with this many data sets.

@@ -135,7 +135,7 @@ private slots:
         const settingsT &s = run.model->settings;
         QCOMPARE(QByteArray(run.result.message), message);
         QCOMPARE(run.result.ok, message.isEmpty());
-        QCOMPARE(run.result.critical, false);
+        QCOMPARE(run.result.critical(), false);
         QCOMPARE(host.questions.size(), title == "SENSORWERTE" ? 1 : 0);
 
         // The title is written before line 2 is judged.
@@ -425,21 +425,21 @@ private slots:
         FileResult r = g_importControllerCsv(folder.path(QStringLiteral("missing.csv")), *m, host);
         QVERIFY(!r.ok);
         QCOMPARE(QByteArray(r.message), QByteArray("Error reading file!"));
-        QVERIFY(r.critical);
+        QVERIFY(r.critical());
         QCOMPARE(QByteArray(m->settings.description), QByteArray("vorher"));
         QVERIFY(host.progressCalls.isEmpty());
 
         m = prepared();
         r = g_importControllerCsv(folder.write(QStringLiteral("t.csv"), lines({QByteArray(40, 'T'), "Zeit;A"})), *m, host);
         QCOMPARE(QByteArray(r.message), QByteArray("Error in CSV title line 1 !"));
-        QVERIFY(!r.critical);
+        QVERIFY(!r.critical());
         QCOMPARE(QByteArray(m->settings.description), QByteArray("vorher"));
         QCOMPARE(m->data(3)->count, 5);
 
         m = prepared();
         r = g_importControllerCsv(folder.write(QStringLiteral("c.csv"), lines({"Neu", "Zeit"})), *m, host);
         QCOMPARE(QByteArray(r.message), QByteArray("Error in CSV line 2 !\nToo many columns."));
-        QVERIFY(!r.critical);
+        QVERIFY(!r.critical());
         QCOMPARE(QByteArray(m->settings.description), QByteArray("Neu"));
         QCOMPARE(m->settings.dataSetCount, 0);
         QCOMPARE(m->data(3)->count, 5);  // the stores are cleared only after line 2

@@ -289,7 +289,7 @@ private slots:
         const ImportRun run = importCsv(writeSet(folder, names, contents), host);
         QCOMPARE(QByteArray(run.result.message), message);
         QCOMPARE(run.result.ok, message.isEmpty());
-        QCOMPARE(run.result.critical, false);
+        QCOMPARE(run.result.critical(), false);
         QCOMPARE(host.questions.size(), questions);
 
         // The sensor rows stay imported whatever happened to the siblings.

@@ -226,7 +226,7 @@ private slots:
         const FileResult r = g_readInput(kind, path, model, host);
         QVERIFY(!r.ok);
         QCOMPARE(QByteArray(r.message), QByteArray("Error reading file!"));
-        QVERIFY(r.critical);
+        QVERIFY(r.critical());
         QCOMPARE(model.data(0)->count, samples);
     }
 

@@ -284,7 +284,7 @@ private slots:
         const ImportRun run = importLog(path, host);
         QVERIFY(!run.result.ok);
         QCOMPARE(QByteArray(run.result.message), message);
-        QCOMPARE(run.result.critical, critical);
+        QCOMPARE(run.result.critical(), critical);
         QVERIFY(host.questions.isEmpty());
         QV_COMPARE_BYTES(recordBytes(run.model->settings), recordBytes(freshSettings(*run.model)));
     }

@@ -134,7 +134,7 @@ private slots:
         const ImportRun run = importVis(bytes);
         QVERIFY(!run.result.ok);
         QCOMPARE(QByteArray(run.result.message), message);
-        QVERIFY(!run.result.critical);
+        QVERIFY(!run.result.critical());
 
         // Nothing but the title and, once line 5 passed, the parameters change.
         settingsT expected = freshSettings(*run.model);
@@ -523,7 +523,7 @@ private slots:
         ScriptedHost host;
         const FileResult r = g_importVisCsv(QStringLiteral("/nonexistent/vis.csv"), model, host);
         QVERIFY(!r.ok);
-        QVERIFY(r.critical);
+        QVERIFY(r.critical());
         QCOMPARE(QByteArray(r.message), QByteArray("Error reading file!"));
     }
 };

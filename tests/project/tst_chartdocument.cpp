@@ -331,7 +331,10 @@ void TestChartDocument::importRoutine()
     if (!file.isEmpty())
         dialogs.fileNames << file;
     dialogs.answers << QMessageBox::Yes;
-    FakeReader::failure = failure.isEmpty() ? qv::FileResult() : qv::FileResult::failure(failure.constData(), critical);
+    const qv::FileError kind = critical                           ? qv::FileError::CannotOpen
+                               : failure.contains("additional") ? qv::FileError::SiblingFiles
+                                                                : qv::FileError::BadContents;
+    FakeReader::failure = failure.isEmpty() ? qv::FileResult() : qv::FileResult::failure(failure.constData(), kind);
     const bool imported = !file.isEmpty() && failure.isEmpty();
     QCOMPARE(chart->m_runImport(kFakeKind), imported);
     FakeReader::failure = qv::FileResult();

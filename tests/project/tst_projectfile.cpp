@@ -462,7 +462,7 @@ void TestProjectFile::loadFailures()
     const FileResult r = loadBytes(*model, file);
     QVERIFY(!r.ok);
     QCOMPARE(QString::fromLatin1(r.message), message);
-    QVERIFY(!r.critical);  // content errors are warnings
+    QVERIFY(!r.critical());  // content errors are warnings
 
     // Through a real file the result is the same.
     QTemporaryDir dir;
@@ -478,7 +478,7 @@ void TestProjectFile::failedLoadKeepsWhatWasRead()
     const QByteArray missing = QDir::temp().filePath(QStringLiteral("no-such-dir-qv/none.qvj")).toUtf8();
     FileResult r = g_loadProjectFile(*model, QString::fromUtf8(missing), ProgressFn());
     QCOMPARE(QString::fromLatin1(r.message), QStringLiteral("Error reading file!"));
-    QVERIFY(r.critical);
+    QVERIFY(r.critical());
     // Only regular files are read: a FIFO would block, a folder reads as nothing.
     QTemporaryDir dir;
     const QString fifo = dir.filePath(QStringLiteral("fifo.qvj"));
@@ -571,7 +571,7 @@ void TestProjectFile::writeErrorsAreReported()
     const FileResult r = g_writeProject(*model, device, fixedTime(1));
     QVERIFY(!r.ok);
     QCOMPARE(QString::fromLatin1(r.message), QStringLiteral("Error while writing file!"));
-    QVERIFY(r.critical);
+    QVERIFY(r.critical());
 }
 
 void TestProjectFile::saveSituations_data()
