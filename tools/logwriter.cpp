@@ -3,19 +3,25 @@
 #include <QtEndian>
 
 #include <cstring>
+#include <vector>
 
 namespace qvlog {
 
 namespace {
 
-void put32(QByteArray &bytes, int at, quint32 value)
+// The fields are written into plain arrays rather than through
+// QByteArray::data(): GCC cannot see that the byte array is never the shared
+// empty one and reports writes past its end that cannot happen.
+constexpr int kHeaderSize = 3008;
+
+void put32(char *bytes, int at, quint32 value)
 {
-    qToLittleEndian(value, bytes.data() + at);
+    qToLittleEndian(value, bytes + at);
 }
 
-void putText(QByteArray &bytes, int at, const QByteArray &text, int width)
+void putText(char *bytes, int at, const QByteArray &text, int width)
 {
-    std::memcpy(bytes.data() + at, text.constData(), size_t(qMin(text.size(), width)));
+    std::memcpy(bytes + at, text.constData(), size_t(qMin(text.size(), width)));
 }
 
 }  // namespace
@@ -27,7 +33,7 @@ QByteArray magic()
 
 QByteArray header(const LogLayout &layout)
 {
-    QByteArray h(3008, '\0');
+    char h[kHeaderSize] = {};
     putText(h, 0x000, layout.title, 36);
     put32(h, 0x024, quint32(layout.count));
     put32(h, 0x02C, quint32(layout.capacity));
@@ -51,17 +57,16 @@ QByteArray header(const LogLayout &layout)
     put32(h, 0xAD4, layout.startTime);
     put32(h, 0xAD8, layout.endTime);
     put32(h, 0xADC, layout.rows);
-    return h;
+    return QByteArray(h, kHeaderSize);
 }
 
 QByteArray file(const LogLayout &layout)
 {
-    QByteArray f = (layout.magic.isNull() ? magic() : layout.magic) + header(layout);
-    const int at = f.size();
-    f.resize(at + layout.words.size() * 4);
+    std::vector<char> words(size_t(layout.words.size()) * 4);
     for (int k = 0; k < layout.words.size(); ++k)
-        put32(f, at + 4 * k, layout.words[k]);
-    return f;
+        put32(words.data(), 4 * k, layout.words[k]);
+    return (layout.magic.isNull() ? magic() : layout.magic) + header(layout)
+           + QByteArray(words.data(), int(words.size()));
 }
 
 quint32 floatWord(float value)

@@ -8,17 +8,15 @@
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <cstdint>
-#include <memory>
 
 namespace {
 
-struct Fixture {
-    QTemporaryDir dir;
-    QString path(int i) const { return dir.filePath(QStringLiteral("F_TS0%1.CSV").arg(i + 1)); }
-};
+QString path(int i)
+{
+    return qvfuzz::scratchPath(QStringLiteral("F_TS0%1.CSV").arg(i + 1));
+}
 
 }  // namespace
 
@@ -28,20 +26,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     static char name[] = "fuzz_csvimport";
     static char *argv[] = {name, nullptr};
     static QCoreApplication app(argc, argv);
-    static Fixture fixture;
 
     const QByteArray input = QByteArray::fromRawData(reinterpret_cast<const char *>(data), int(size));
     const QList<QByteArray> parts = qvfuzz::splitIntoFiles(input);
     for (int i = 0; i < 4; ++i) {
-        QFile f(fixture.path(i));
+        QFile f(path(i));
         if (i >= parts.size())
             f.remove();
         else if (f.open(QIODevice::WriteOnly))
             f.write(parts[i]);
     }
-    // A fresh model each time, so that no run depends on the one before.
-    auto model = std::make_unique<qv::ChartModel>();
     qv::FixedAnswerHost host(true);
-    qv::g_importControllerCsv(fixture.path(0), *model, host);
+    qv::g_importControllerCsv(path(0), qvfuzz::freshModel(), host);
     return 0;
 }

@@ -11,11 +11,9 @@
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <cstdint>
 #include <cstring>
-#include <memory>
 
 namespace {
 
@@ -60,21 +58,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     static char name[] = "fuzz_logimport";
     static char *argv[] = {name, nullptr};
     static QCoreApplication app(argc, argv);
-    static QTemporaryDir dir;
     if (size == 0)
         return 0;
 
     const QByteArray input = QByteArray::fromRawData(reinterpret_cast<const char *>(data) + 1, int(size - 1));
     const QList<QByteArray> parts = qvfuzz::splitIntoFiles(input);
     for (int i = 0; i < 4; ++i) {
-        QFile f(dir.filePath(QStringLiteral("SV_SA_0%1.LOG").arg(i + 1)));
+        QFile f(qvfuzz::scratchPath(QStringLiteral("SV_SA_0%1.LOG").arg(i + 1)));
         if (i >= parts.size())
             f.remove();
         else if (f.open(QIODevice::WriteOnly))
             f.write(logFile(parts[i]));
     }
-    auto model = std::make_unique<qv::ChartModel>();
     BitsHost host{quint8(data[0])};
-    qv::g_importControllerLog(dir.filePath(QStringLiteral("SV_SA_01.LOG")), *model, host);
+    qv::g_importControllerLog(qvfuzz::scratchPath(QStringLiteral("SV_SA_01.LOG")), qvfuzz::freshModel(), host);
     return 0;
 }
