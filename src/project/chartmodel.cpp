@@ -35,7 +35,12 @@ void *allocateZeroed()
 {
 #ifdef Q_OS_LINUX
     void *p = mmap(nullptr, kBlockBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    return p == MAP_FAILED ? nullptr : p;
+    if (p == MAP_FAILED)
+        return nullptr;
+    // Large pages where the system offers them: an import that fills the
+    // stores then takes a few dozen page faults instead of sixteen thousand.
+    madvise(p, kBlockBytes, MADV_HUGEPAGE);
+    return p;
 #else
     return std::calloc(1, kBlockBytes);
 #endif
