@@ -1,5 +1,5 @@
-// Helpers for the controller CSV import tests: a scripted host, files in a
-// temporary folder, and checks of whole records and stores.
+// Helpers for the import tests: a scripted host, files in a temporary folder,
+// committed inputs, and one summary line of what an import left in a model.
 #pragma once
 
 #include "import/importhost.h"
@@ -7,28 +7,25 @@
 #include "project/projectfile.h"
 
 #include <QByteArray>
-#include <QPair>
 #include <QStringList>
 #include <QTemporaryDir>
-#include <QVector>
 
 #include <memory>
 
 namespace qvtest {
 
-// Answers every question with `answer` and records what was asked and shown.
+// Answers every question with `answer` and counts what was asked and shown.
 class ScriptedHost : public qv::ImportHost
 {
 public:
     explicit ScriptedHost(bool yes = true) : answer(yes) {}
     bool askYesNo(const QString &title, const QString &question) override;
     void warn(const QString &message) override { warnings << message; }
-    void progress(int mainValue, int detailValue) override;
+    void progress(int, int) override {}
 
     bool answer;
     QStringList questions;  // "title|question"
     QStringList warnings;
-    QVector<QPair<int, int>> progressCalls;
 };
 
 // Files of one test in a fresh temporary folder.
@@ -42,23 +39,23 @@ private:
     QTemporaryDir m_dir;
 };
 
+// A committed input under $QV_TEST_DATA, e.g. "csv/title-with-bell.csv".
+QByteArray dataFile(const char *name);
+
+enum class Kind { Csv, Log, Vis };
+
 struct ImportRun {
     std::unique_ptr<qv::ChartModel> model = std::make_unique<qv::ChartModel>();
     qv::FileResult result;
+    ScriptedHost host;
+    // One line of what the import left, parts chosen by letters:
+    // r result, t title, s data sets (name:decimals:type:line flags, row boxes),
+    // a axis ranges, v values of every used store, x times of store 0,
+    // g time range, m state track and flags, p parameter block, q questions and warnings.
+    QByteArray summary(const char *parts) const;
 };
 
-ImportRun importCsv(const QString &path, qv::ImportHost &host);
-ImportRun importCsv(const QString &path);  // answers Yes
-
-// The settings record a fresh model starts with, stamped with the change time
-// of `like`, so that a whole record can be compared byte for byte.
-settingsT freshSettings(const qv::ChartModel &like);
-QByteArray recordBytes(const settingsT &s);
-QByteArray storeBytes(const _chartDataType &d);
-// The store that holds exactly these samples (an empty tail of zeros).
-QByteArray expectedStore(const QVector<qint64> &times, const QVector<double> &values);
-
-// What QDateTime makes of a time stamp text, the reference for every time.
-qint64 referenceTime(const char *text);
+ImportRun importFile(Kind kind, const QString &path, bool answer = true);
+ImportRun importBytes(Kind kind, const QByteArray &bytes, bool answer = true);
 
 }  // namespace qvtest
