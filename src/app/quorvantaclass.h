@@ -37,13 +37,7 @@ public:
     void m_checkUpdate();
 
     QVChartClass *m_chart() const { return chart; }
-    Ui_Quorvanta *m_ui() const { return ui.get(); }
-    const QStringList &m_recentFiles() const { return recentFiles; }
     const QString &m_settingsDir() const { return settingsDir; }
-    quint32 m_language() const { return language; }
-    qint32 m_zoom() const { return zoom; }
-    QTimer *m_autoSaveTimer() const { return autoSaveTimer; }
-    int m_autoSaveTicks() const { return autoSaveTicks; }
 
 public slots:
     void s_openProject(QString pFile = QString());

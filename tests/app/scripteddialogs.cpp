@@ -14,14 +14,6 @@ ScriptedDialogs::~ScriptedDialogs()
     qv::g_setDialogHook(nullptr);
 }
 
-QStringList ScriptedDialogs::messageTexts() const
-{
-    QStringList texts;
-    for (const qv::MessageRecord &m : messages)
-        texts << m.text;
-    return texts;
-}
-
 QMessageBox::StandardButton ScriptedDialogs::message(const qv::MessageRecord &record)
 {
     messages << record;

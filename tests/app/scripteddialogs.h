@@ -31,8 +31,6 @@ public:
     QList<qv::FileDialogRecord> fileDialogs;
     QStringList execClasses;  // class names of the dialogs run
 
-    QStringList messageTexts() const;
-
     QMessageBox::StandardButton message(const qv::MessageRecord &record) override;
     QString fileName(const qv::FileDialogRecord &record) override;
     int exec(QDialog &dialog) override;

@@ -6,7 +6,6 @@
 #include "project/projectfile.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QStandardPaths>
 
 namespace qvtest {
@@ -20,20 +19,9 @@ void prepareShell(const QTemporaryDir &scratch)
     qv::g_initResources();
 }
 
-std::unique_ptr<QSettings> shellSettings()
-{
-    return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Merovin GmbH"),
-                                       QStringLiteral("Quorvanta"));
-}
-
 void flushDeletions()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
-void forgetSettings()
-{
-    QFile::remove(shellSettings()->fileName());
 }
 
 std::unique_ptr<QuorvantaClass> makeWindow()

@@ -21,10 +21,6 @@ void prepareShell(const QTemporaryDir &scratch);
 // Runs the pending deleteLater() calls.
 void flushDeletions();
 
-// Removes the settings file, so the next window sees a first start.
-void forgetSettings();
-// The settings store the program uses.
-std::unique_ptr<QSettings> shellSettings();
 
 // A main window without the start screen; language as stored (German on a
 // first start).

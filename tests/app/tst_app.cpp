@@ -1,0 +1,228 @@
+// The desktop program: the shell's rules (recent list, title, command line,
+// zoom and display size, exit requests, the main window's close prompt),
+// the resources and the German catalogue.
+#include "app/scripteddialogs.h"
+#include "app/shellfixture.h"
+#include "support/testsupport.h"
+
+#include "app/appexit.h"
+#include "app/quorvantaclass.h"
+#include "chart/displaysize.h"
+#include "project/commandline.h"
+#include "project/qvchartclass.h"
+#include "project/recentfiles.h"
+
+#include <QAction>
+#include <QDirIterator>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+using namespace qv;
+
+namespace {
+
+// A display size mode: "width", "height", "page" or a percentage.
+qint32 modeOf(const QString &text)
+{
+    const QStringList fits{QStringLiteral("width"), QStringLiteral("height"), QStringLiteral("page")};
+    const qint32 modes[] = {kZoomFitWidth, kZoomFitHeight, kZoomFitPage};
+    return fits.contains(text) ? modes[fits.indexOf(text)] : text.toInt();
+}
+
+QSize sizeOf(const QString &text)  // "w h"
+{
+    const QStringList wh = text.split(QLatin1Char(' '));
+    return QSize(wh.value(0).toInt(), wh.value(1).toInt());
+}
+
+// One rule of the shell applied to its input in text form (fields split at '|').
+QString applyRule(const QString &rule, const QString &input)
+{
+    const QStringList f = input.split(QLatin1Char('|'));
+    if (rule == QLatin1String("recent")) {  // list (spaces) | path
+        QStringList list = f[0].split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        g_addRecentFile(list, f[1]);
+        return list.join(QLatin1Char(' '));
+    }
+    if (rule == QLatin1String("title")) {  // length of the path
+        QString path;
+        for (int i = 0; i < f[0].toInt(); ++i)
+            path += QLatin1Char(char('a' + i % 26));
+        const QString shown = g_titlePath(path);
+        return shown == path ? QStringLiteral("whole") : shown == QLatin1String("...") + path.right(75) ? QStringLiteral("cut") : shown;
+    }
+    if (rule == QLatin1String("argv")) {  // arguments after the program, Latin-1
+        QByteArrayList bytes{"quorvanta"};
+        QVector<const char *> argv;
+        for (int i = 0; i < f.size() && !f[0].isEmpty(); ++i)
+            bytes << f[i].toLatin1();
+        for (const QByteArray &a : bytes)
+            argv << a.constData();
+        return g_projectArgument(argv.size(), argv.constData());
+    }
+    if (rule == QLatin1String("zoom"))  // in and out from a display size mode
+        return QStringLiteral("%1 %2").arg(g_zoomIn(modeOf(f[0]))).arg(g_zoomOut(modeOf(f[0])));
+    if (rule == QLatin1String("size")) {  // mode | available | last fitted
+        const DisplaySize d = g_displaySize(modeOf(f[0]), sizeOf(f[1]), sizeOf(f[2]));
+        return QStringLiteral("%1 %2%3").arg(d.size.width()).arg(d.size.height()).arg(QLatin1String(d.fitted ? " fitted" : ""));
+    }
+    if (rule == QLatin1String("exit"))  // request
+        return g_programAfterExit(f[0].toInt(), QStringLiteral("/opt/q"), QStringLiteral("/home/u/.config/M"));
+    if (rule == QLatin1String("prompt")) {  // "close" or the action | answer | "gone": the save cannot write
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("prompt.qvj"));
+        if (!qvtest::writeProject(path, 2))
+            return QStringLiteral("cannot write the project");
+        const QByteArray before = qvtest::readFile(path);
+        auto w = qvtest::makeWindow();
+        w->s_openProject(path);
+        w->s_projectChanged();
+        if (f[2] == QLatin1String("gone"))
+            dir.remove();
+        qvtest::ScriptedDialogs dialogs;
+        dialogs.answers << (f[1] == QLatin1String("Yes") ? QMessageBox::Yes
+                            : f[1] == QLatin1String("No") ? QMessageBox::No : QMessageBox::Cancel);
+        if (f[0] != QLatin1String("close"))
+            w->findChild<QAction *>(f[0])->trigger();
+        const bool closedSays = f[0] == QLatin1String("close") ? w->s_closeProject() : !w->findChild<QVChartClass *>();
+        QStringList out;
+        for (const MessageRecord &m : dialogs.messages)
+            out << QLatin1String(m.buttons == (QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel) ? "asked" : "error");
+        if (QFile::exists(path) && qvtest::readFile(path) != before)
+            out << QStringLiteral("saved");
+        const bool closed = !w->findChild<QVChartClass *>();
+        out << QLatin1String(closed ? "closed" : "kept") << QLatin1String(closed == closedSays ? "" : "(says otherwise)")
+            << QLatin1String(w->isWindowModified() ? "modified" : "") << QLatin1String(w->isVisible() ? "" : "window closed")
+            << QLatin1String(dialogs.execClasses.isEmpty() ? "" : "chooser");
+        out.removeAll(QString());
+        return out.join(QLatin1Char(' '));
+    }
+    return QStringLiteral("no such rule");
+}
+
+}  // namespace
+
+class TestApp : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { qvtest::prepareShell(scratch); }
+    void cleanup() { qvtest::flushDeletions(); }
+    void rules_data();
+    void rules();
+    void everyNamedResourceExists();
+    void catalogueIsComplete();
+
+private:
+    QTemporaryDir scratch;
+};
+
+void TestApp::rules_data()
+{
+    QTest::addColumn<QString>("rule");
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("recent: new goes first") << "recent" << "a|b" << "b a";
+    QTest::newRow("recent: reopened moves to the front") << "recent" << "a b c|c" << "c a b";
+    QTest::newRow("recent: duplicates all go") << "recent" << "a b a|a" << "a b";
+    QTest::newRow("recent: case matters") << "recent" << "A|a" << "a A";
+    QTest::newRow("recent: 17th drops the oldest") << "recent" << "a b c d e f g h i j k l m n o p|new" << "new a b c d e f g h i j k l m n o";
+    QTest::newRow("recent: full list, reopened last") << "recent" << "a b c d e f g h i j k l m n o p|p" << "p a b c d e f g h i j k l m n o";
+    QTest::newRow("recent: overlong list is cut") << "recent" << "a b c d e f g h i j k l m n o p q r s t|new" << "new a b c d e f g h i j k l m n o";
+    QTest::newRow("title: 80 characters") << "title" << "80" << "whole";
+    QTest::newRow("title: 81 characters") << "title" << "81" << "cut";
+    QTest::newRow("argv: none") << "argv" << "" << "";
+    QTest::newRow("argv: one, backslashes") << "argv" << "C:\\Daten\\a.qvj" << "C:/Daten/a.qvj";
+    QTest::newRow("argv: Latin-1") << "argv" << QStringLiteral("/d/K\u00e4lte.qvj") << QStringLiteral("/d/K\u00e4lte.qvj");
+    QTest::newRow("argv: two are ignored") << "argv" << "/a.qvj|/b.qvj" << "";
+    QTest::newRow("zoom: a fit mode counts as 100") << "zoom" << "height" << "150 90";
+    QTest::newRow("zoom: 1000 is the top") << "zoom" << "1000" << "1000 950";
+    QTest::newRow("zoom: 999") << "zoom" << "999" << "1049 949";
+    QTest::newRow("zoom: 101") << "zoom" << "101" << "151 51";
+    QTest::newRow("zoom: 10") << "zoom" << "10" << "20 0";
+    QTest::newRow("zoom: 0 is kept") << "zoom" << "0" << "10 0";
+    QTest::newRow("size: width fits") << "size" << "width|1000 800|-1 -1" << "1000 707 fitted";
+    QTest::newRow("size: width leaves room for the scroll bar") << "size" << "width|1000 600|-1 -1"
+                                                                << "980 692 fitted";
+    QTest::newRow("size: height fits") << "size" << "height|1000 600|-1 -1" << "848 600 fitted";
+    QTest::newRow("size: height leaves room for the scroll bar") << "size" << "height|800 600|-1 -1"
+                                                                 << "820 580 fitted";
+    QTest::newRow("size: page, wide area") << "size" << "page|1500 800|-1 -1" << "1131 800 fitted";
+    QTest::newRow("size: page, just below sqrt 2") << "size" << "page|1414 1000|-1 -1" << "1414 999 fitted";
+    QTest::newRow("size: 150 percent of the fitted width") << "size" << "150|1 1|1000 707" << "1500 1060";
+    QTest::newRow("size: 33 percent, integer arithmetic") << "size" << "33|1 1|1001 1" << "330 233";
+    QTest::newRow("exit: nothing") << "exit" << "0" << "";
+    QTest::newRow("exit: restart") << "exit" << "256" << "/opt/q/Quorvanta";
+    QTest::newRow("exit: updater") << "exit" << "257" << "/home/u/.config/M/QuorvantaUpdate";
+    QTest::newRow("exit: unknown") << "exit" << "258" << "";
+    QTest::newRow("prompt: Yes saves") << "prompt" << "close|Yes|" << "asked saved closed";
+    QTest::newRow("prompt: No discards") << "prompt" << "close|No|" << "asked closed";
+    QTest::newRow("prompt: Cancel keeps") << "prompt" << "close|Cancel|" << "asked kept modified";
+    QTest::newRow("prompt: a failed save keeps") << "prompt" << "close|Yes|gone" << "asked error kept modified";
+    QTest::newRow("prompt: window, No closes it") << "prompt" << "actionExit|No|" << "asked closed window closed";
+    QTest::newRow("prompt: window, Cancel keeps it open") << "prompt" << "actionExit|Cancel|" << "asked kept modified";
+    QTest::newRow("prompt: new project, Cancel: no chooser") << "prompt" << "actionNew|Cancel|" << "asked kept modified";
+}
+
+void TestApp::rules()
+{
+    QFETCH(QString, rule);
+    QFETCH(QString, input);
+    QFETCH(QString, expected);
+    QCOMPARE(applyRule(rule, input), expected);
+}
+
+// Every ":/new/prefix1/resources/..." named in the sources and forms is built
+// in and not empty; pictures load.
+void TestApp::everyNamedResourceExists()
+{
+    const QRegularExpression pattern(QStringLiteral(":/new/prefix1/resources/[A-Za-z0-9_.\\-]+"));
+    QStringList named, bad;
+    QDirIterator it(QStringLiteral(QV_SOURCE_DIR "/src"), QStringList{QStringLiteral("*.cpp"), QStringLiteral("*.h"), QStringLiteral("*.ui")}, QDir::Files,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        QFile file(it.next());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        auto matches = pattern.globalMatch(QString::fromUtf8(file.readAll()));
+        while (matches.hasNext())
+            named << matches.next().captured(0);
+    }
+    named.removeDuplicates();
+    QVERIFY2(named.size() >= 26, qPrintable(named.join(QLatin1Char(' '))));
+    for (const QString &path : named) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly) || file.size() == 0 ||
+            (path.endsWith(QLatin1String(".png")) && QImage(path).isNull()))
+            bad << path;
+    }
+    QVERIFY2(bad.isEmpty(), qPrintable(bad.join(QLatin1Char(' '))));
+}
+
+// lupdate run over the sources today into a copy of the committed German
+// catalogue leaves no text untranslated, so a new text cannot slip in.
+void TestApp::catalogueIsComplete()
+{
+    const QString copy = scratch.filePath(QStringLiteral("Quorvanta_de.ts"));
+    QVERIFY(QFile::copy(QStringLiteral(QV_SOURCE_DIR "/resources/translations/Quorvanta_de.ts"), copy));
+    QProcess lupdate;
+    lupdate.setProcessChannelMode(QProcess::MergedChannels);
+    lupdate.start(QStringLiteral(QV_LUPDATE), {QStringLiteral("-silent"), QStringLiteral("-locations"),
+                                               QStringLiteral("none"), QStringLiteral(QV_SOURCE_DIR "/src"),
+                                               QStringLiteral("-ts"), copy});
+    QVERIFY(lupdate.waitForFinished(120000));
+    QVERIFY2(lupdate.exitCode() == 0, lupdate.readAll().constData());
+    const QString updated = QString::fromUtf8(qvtest::readFile(copy));
+    QVERIFY(updated.count(QLatin1String("<translation>")) > 80);  // finished texts still in the sources
+    QStringList open;
+    for (const QString &message : updated.split(QLatin1String("<message"))) {
+        if (message.contains(QLatin1String("type=\"unfinished\"")) || message.contains(QLatin1String("<translation></")))
+            open << message.section(QLatin1String("<source>"), 1).section(QLatin1String("</source>"), 0, 0);
+    }
+    QVERIFY2(open.isEmpty(), qPrintable(open.join(QLatin1Char('\n'))));
+}
+
+QTEST_MAIN(TestApp)
+#include "tst_app.moc"

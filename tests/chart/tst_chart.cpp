@@ -1,0 +1,341 @@
+// The chart: group size, reduction into drawn points, the
+// drawability check, window statistics and legend texts (no widgets); what a
+// build puts into the chart; the chart widget's row boxes and zoom window.
+#include "chart/chartbuilder.h"
+#include "chart/chartplan.h"
+#include "chart/reduction.h"
+#include "chart/statistics.h"
+#include "project/fixedstring.h"
+#include "project/projectfile.h"
+#include "project/qvchartclass.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QtCharts/QAreaSeries>
+#include <QtCharts/QChart>
+#include <QtCharts/QDateTimeAxis>
+#include <QtCharts/QLegend>
+#include <QtCharts/QLegendMarker>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+#include <QtTest>
+
+#include <memory>
+
+using namespace QtCharts;
+using namespace qv;
+
+namespace {
+
+const qint64 kStart = 1700000000000, kMinute = 60000;
+qint64 minute(int k) { return kStart + k * kMinute; }
+
+// Space-separated numbers; "M" is a missing value, "*" the widest bound.
+QVector<double> nums(const QString &text)
+{
+    QVector<double> n;
+    for (const QString &word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        n << (word == QLatin1String("M") ? kMissingValue : word == QLatin1String("*") ? 9e18 : word.toDouble());
+    return n;
+}
+
+// Fills a store with times and values (0 where no value is given).
+void fill(_chartDataType &store, const QVector<double> &times, const QVector<double> &values)
+{
+    store.count = times.size();
+    for (int k = 0; k < times.size(); ++k)
+        store.time[k] = qint64(times[k]), store.value[k] = values.value(k);
+}
+
+QString number(double v) { return v == kMissingValue ? QStringLiteral("M") : QString::number(v, 'g', 17); }
+
+// Data sets "Set i" (unit "u<i>", i mod 3 decimals, axis -i..100+i), one
+// sample a minute, value 10 i + (k mod 20) / 2; the whole range selected.
+std::unique_ptr<ChartModel> makeModel(int dataSets, int samples, const QVector<double> &shown)
+{
+    auto model = std::make_unique<ChartModel>();
+    settingsT &s = model->settings;
+    s.dataSetCount = dataSets;
+    for (int i = 0; i < dataSets; ++i) {
+        for (int k = 0; k < samples; ++k)
+            model->data(i)->time[k] = minute(k), model->data(i)->value[k] = 10.0 * i + (k % 20) * 0.5;
+        model->data(i)->count = samples;
+        g_qString2Buffer(s.name[i], QStringLiteral("Set %1").arg(i), kNameWidth);
+        g_qString2Buffer(s.unit[i], QStringLiteral("u%1").arg(i), kUnitWidth);
+        s.decimals[i] = quint8(i % 3);
+        s.axisMin[i] = -i;
+        s.axisMax[i] = 100 + i;
+    }
+    for (int i = 0; i < kMaxDataSets; ++i)
+        s.lineFlags[i] = shown.contains(i) ? s.lineFlags[i] | kLineShown : s.lineFlags[i] & ~kLineShown;
+    s.firstTime = s.rangeBegin = s.viewBegin = minute(0);
+    s.lastTime = s.rangeEnd = s.viewEnd = minute(samples - 1);
+    model->recountRange();
+    return model;
+}
+
+// The chart widget on a saved and reopened project, its rows in a panel.
+struct Widget {
+    QTemporaryDir dir;
+    QString projectDir, importDir;
+    QWidget panel;
+    QVChartClass chart{nullptr, &projectDir, &importDir, new QGridLayout(&panel)};
+    explicit Widget(ChartModel &model)
+    {
+        QString path = dir.filePath(QStringLiteral("w.qvj"));
+        chart.resize(1480, 1046);
+        if (!g_saveProjectFile(model, path, SaveOptions()).ok || !chart.m_openProject(&path))
+            qFatal("cannot open the chart project");
+    }
+    QCheckBox *box(int i) { return panel.findChild<QCheckBox *>(QStringLiteral("enableBox%1").arg(i)); }
+};
+
+// Per series in chart order: type, value axis (title, range, side, label
+// format, hidden, grid), "T" on the time axis, "-" for a hidden legend marker.
+QString buildText(ChartModel &model)
+{
+    QChartView view;
+    const ChartBuild b = g_buildChart(model, 1480, false);
+    g_installChart(&view, b.chart);
+    QStringList described;
+    const QList<QAbstractSeries *> series = b.chart->series();
+    const int bands = series.size() - b.dataSeries.size();
+    for (int j = 0; j < series.size(); ++j) {
+        QAbstractSeries *s = series[j];
+        auto *area = qobject_cast<QAreaSeries *>(s);
+        if (area ? area->upperSeries() != (j ? b.upperBand : b.lowerBand) || area->lowerSeries()
+                 : b.dataSeries.value(j - bands) != s)
+            described << QStringLiteral("wrong band lines or data series");
+        auto *y = qobject_cast<QValueAxis *>(b.chart->axes(Qt::Vertical, s).value(0));
+        const bool line = s->type() == QAbstractSeries::SeriesTypeLine;
+        described << QStringList{QLatin1String(area ? "area" : line ? "line" : "spline"), y->titleText(),
+                                 QStringLiteral("%1..%2").arg(y->min()).arg(y->max()),
+                                 QLatin1String(y->alignment() == Qt::AlignRight ? "R" : "L"), y->labelFormat(),
+                                 QLatin1String(y->isVisible() ? "" : "hidden"), QLatin1String(y->isGridLineVisible() ? "grid" : ""),
+                                 QLatin1String(b.chart->axes(Qt::Horizontal, s).isEmpty() ? "" : "T"),
+                                 QLatin1String(b.chart->legend()->markers(s).value(0)->isVisible() ? "" : "-")}
+                         .join(QLatin1Char(' ')).simplified();
+    }
+    delete b.upperBand;
+    delete b.lowerBand;
+    return described.join(QStringLiteral("; "));
+}
+
+// One chart rule applied to its input in text form (fields split at '|').
+QString applyRule(const QString &rule, const QString &input)
+{
+    const QStringList f = input.split(QLatin1Char('|'));
+    const QVector<double> a = nums(f.value(0)), b = nums(f.value(1)), c = nums(f.value(2)), d = nums(f.value(3));
+    auto model = std::make_unique<ChartModel>();
+    if (rule == QLatin1String("group"))  // samples, print, line type
+        return QString::number(g_groupSize(int(a[0]), a[1] != 0, quint8(a[2])));
+    if (rule == QLatin1String("reduce")) {  // times | values | states | begin end group [stored count]
+        fill(*model->data(0), a, b);
+        model->data(0)->count = int(d.value(3, a.size()));
+        for (int k = 0; k < c.size(); ++k)
+            model->modeCodes()->code[k] = qint8(c[k]);
+        model->modeCodes()->count = c.size();
+        const int n = g_reduceSamples(*model->data(0), *model->modeCodes(), qint64(d[0] == 9e18 ? -9e18 : d[0]),
+                                      qint64(d[1]), int(d[2]), *model->displayData(), *model->displayModeCodes());
+        if (model->displayData()->count != n || model->displayModeCodes()->count != n)
+            return QStringLiteral("stored counts differ");
+        QStringList out{QString::number(n)};
+        for (int j = 0; j < n; ++j)
+            out << QStringLiteral("(%1 %2 %3)").arg(model->displayData()->time[j]).arg(
+                       number(model->displayData()->value[j]), QString::number(model->displayModeCodes()->code[j]));
+        return out.join(QLatin1Char(' '));
+    }
+    if (rule == QLatin1String("drawn")) {  // values of a reduced store at times 100, 200, ...
+        fill(*model->displayData(), nums(QStringLiteral("100 200 300 400 500")).mid(0, a.size()), a);
+        QVector<QPointF> points{{99, 99}};  // replaced, not appended to
+        g_drawnPoints(*model->displayData(), points);
+        QStringList out;
+        for (const QPointF &p : points)
+            out << QStringLiteral("(%1 %2)").arg(number(p.x()), number(p.y()));
+        return out.join(QLatin1Char(' '));
+    }
+    if (rule == QLatin1String("check")) {  // data sets | sample counts | shown sets
+        model = makeModel(0, 0, c);
+        model->settings.dataSetCount = int(a[0]);
+        for (int i = 0; i < b.size(); ++i)
+            model->data(i)->count = int(b[i]);
+        const ChartCheck check = g_checkChartData(*model);
+        return QLatin1String(check == ChartCheck::Drawable       ? "drawable"
+                             : check == ChartCheck::NoDataSets   ? "no data sets"
+                             : check == ChartCheck::NothingShown ? "nothing shown"
+                                                                 : "too few") +
+               QStringLiteral(", lead %1").arg(g_leadDataSet(*model));
+    }
+    if (rule == QLatin1String("stats")) {  // time base | values at 0, 10, ... | from to
+        fill(*model->data(0), a, {});
+        QVector<double> times;
+        for (int k = 0; k < b.size(); ++k)
+            times << 10 * k;
+        fill(*model->data(3), times, b);
+        const SampleWindow w = g_statisticsWindow(*model->data(0), qint64(c[0]), qint64(c[1]));
+        const SeriesStatistics s = g_seriesStatistics(*model->data(3), w);
+        return QStringLiteral("%1..%2").arg(w.first).arg(w.end) +
+               (s.valid ? g_statisticsText(QString::fromUtf8(kShortStatisticsText), s, QStringLiteral("u")) : QString());
+    }
+    if (rule == QLatin1String("names")) {  // flags, data sets | shown sets | values of set 1 | window in samples
+        model = makeModel(int(a[1]), 6, b);
+        g_char2Buffer(model->settings.unit[0], "\xB0" "C", kUnitWidth);
+        std::copy(c.begin(), c.end(), model->data(1)->value);
+        model->settings.flags = quint32(a[0]);
+        QStringList got;
+        for (const SeriesName &n : g_seriesNames(*model, minute(int(d[0])), minute(int(d[1])),
+                                                 QString::fromUtf8(kLongStatisticsText),
+                                                 QString::fromUtf8(kShortStatisticsText)))
+            got << QStringLiteral("#%1:").arg(n.seriesIndex) + n.name;
+        return got.join(QLatin1String(", "));
+    }
+    if (rule == QLatin1String("build")) {  // line type, state data | line flags of sets 0..3
+        model = makeModel(4, 100, {});
+        for (int i = 0; i < 4; ++i)
+            model->settings.lineFlags[i] = quint32(b[i]);
+        model->settings.lineType = quint8(a[0]);
+        if (a[1] != 0) {
+            model->modeCodes()->count = 100;
+            for (int k = 0; k < 100; ++k)
+                model->modeCodes()->code[k] = qint8(k < 50 ? 5 : 12);
+            model->settings.hasModeData = 1;
+            model->settings.flags |= kFlagShowModeTrack;
+        }
+        return buildText(*model);
+    }
+    if (rule == QLatin1String("rows")) {  // boxes clicked in turn; model, boxes and chart agree
+        Widget w(*makeModel(4, 100, {0, 1, 2, 3}));
+        for (double i : a)
+            w.box(int(i))->click();
+        QStringList shown;
+        for (int i = 0; i < 4; ++i) {
+            if (bool(w.chart.model().settings.lineFlags[i] & kLineShown) != w.box(i)->isChecked())
+                return QStringLiteral("box %1 disagrees").arg(i);
+            shown << QLatin1String(w.box(i)->isChecked() ? "+" : "-");
+        }
+        return shown.join(QString()) + QStringLiteral(" %1 series").arg(w.chart.chart()->series().size());
+    }
+    return QStringLiteral("no such rule");
+}
+
+}  // namespace
+
+class TestChart : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void rules_data();
+    void rules();
+    void zoomWindowSurvivesRebuild();
+};
+
+void TestChart::rules_data()
+{
+    QTest::addColumn<QString>("rule");
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("group: 5000 line") << "group" << "5000 0 1" << "3";
+    QTest::newRow("group: 5000 spline") << "group" << "5000 0 2" << "12";
+    QTest::newRow("group: 2048 fits") << "group" << "2048 0 1" << "1";
+    QTest::newRow("group: 2049 halves") << "group" << "2049 0 1" << "2";
+    QTest::newRow("group: 4097 print") << "group" << "4097 1 1" << "2";
+    QTest::newRow("group: negative count") << "group" << "-5 0 1" << "1";
+    QTest::newRow("group: largest count") << "group" << "2147483647 0 1" << "1048065";
+    // Times | values | states | begin end group [stored count]: the number of reduced points and each point.
+    QTest::newRow("reduce: exactly g samples give no point") << "reduce" << "0 10 20|1 2 3||* * 3" << "0";
+    QTest::newRow("reduce: g + 1 samples give one point; state k + 1, sum in sample order")
+        << "reduce" << "0 10 20 30|0.1 0.2 0.3 100|0 9 0 0|* * 3" << "1 (10 0.20000000000000004 9)";
+    QTest::newRow("reduce: the last g samples are never drawn; state k + 2")
+        << "reduce" << "0 10 20 30 40 50 60 70|1 1 1 1 2 2 2 2|0 1 2 3 4 5 6 7|* * 4" << "1 (15 1 2)";
+    QTest::newRow("reduce: samples before the range advance one by one")
+        << "reduce" << "0 10 20 30 40 50 60 70|1 2 3 4 5 6 7 8|0 1 2 3 4 5 6 7|25 * 2" << "2 (35 4.5 4) (55 6.5 6)";
+    QTest::newRow("reduce: range bounds are inclusive")
+        << "reduce" << "0 10 20 30 40 50 60 70|1 2 3 4 5 6 7 8||10 30 1" << "3 (10 2 0) (20 3 0) (30 4 0)";
+    QTest::newRow("reduce: a missing value spoils its group only; time mean truncates")
+        << "reduce" << "0 0 1 1 4 7 8|1 M 3 4 5 6 7||* * 2" << "3 (0 M 0) (1 3.5 0) (5 5.5 0)";
+    QTest::newRow("reduce: a damaged count is clamped to the store")
+        << "reduce" << "0 1000 2000|||1000 2000 1 100000000" << "2 (1000 0 0) (2000 0 0)";
+    QTest::newRow("drawn: missing inside skipped, at the ends drawn at 0") << "drawn" << "M 2 M 4 M"
+                                                                            << "(100 0) (200 2) (400 4) (500 0)";
+    QTest::newRow("drawn: all missing: only the ends") << "drawn" << "M M M" << "(100 0) (300 0)";
+    QTest::newRow("drawn: next integer above the marker is a value") << "drawn" << "1 3131961358"
+                                                                     << "(100 1) (200 3131961358)";
+    QTest::newRow("check: no data sets") << "check" << "0||0" << "no data sets, lead -1";
+    QTest::newRow("check: 7 samples in a hidden set block too") << "check" << "3|100 100 7|0" << "too few, lead 0";
+    QTest::newRow("check: only an unused slot shown") << "check" << "2|100 100|5" << "nothing shown, lead -1";
+    QTest::newRow("check: 8 samples suffice, lead is the first shown") << "check" << "4|8 8 8 8|2 3" << "drawable, lead 2";
+    QTest::newRow("check: damaged count is clamped to 16")
+        << "check" << "1000|8 8 8 8 8 8 8 8 8 8 8 8 8 8 8 8|15" << "drawable, lead 15";
+    // Statistics of data set 3 (times 0, 10, ...) over the window on data set 0's time base.
+    QTest::newRow("stats: 20..40 covers 10 and 20") << "stats" << "0 10 20 30 40|1 2 4 8 16|20 40"
+                                                    << "1..3 (2.00 / 3.00 / 4.00 u)";
+    QTest::newRow("stats: whole range leaves out the last two") << "stats" << "0 10 20 30 40|1 2 4 8 16|0 40"
+                                                                << "0..3 (1.00 / 2.33 / 4.00 u)";
+    QTest::newRow("stats: beyond both ends leaves out the last one") << "stats" << "0 10 20 30 40|1 2 4 8 16|-5 45"
+                                                                     << "0..4 (1.00 / 3.75 / 8.00 u)";
+    QTest::newRow("stats: equal times take the last") << "stats" << "0 10 10 10 20|1 2 4 8 16|11 20" << "3..3";
+    QTest::newRow("stats: end beyond this set's count is clamped") << "stats" << "0 10 20 30 40|1 2|0 40"
+                                                                   << "0..3 (1.00 / 1.50 / 2.00 u)";
+    QTest::newRow("stats: missing values skipped") << "stats" << "0 10 20 30 40|M 4 M 8 0|0 45"
+                                                   << "0..4 (4.00 / 6.00 / 8.00 u)";
+    QTest::newRow("stats: all missing") << "stats" << "0 10 20 30 40|M M M M 1|0 40" << "0..3";
+    QTest::newRow("stats: two decimals, no group separators")
+        << "stats" << "0 10 20 30 40|-0.004 0.256 1234567.891 0 0|-5 35" << "0..3 (-0.00 / 411522.71 / 1234567.89 u)";
+    QTest::newRow("names: long text first, short after; vaporix mode starts at the third series")
+        << "names" << "3 3|0 1|12.3 21.85 22.1 18.75 1000 -1000|0 5"
+        << QString::fromUtf8("#2:Set 0 (min 0.00 / ⌀ 0.75 / max 1.50 °C), #3:Set 1 (12.30 / 18.75 / 22.10 u1)");
+    QTest::newRow("names: all-invalid window keeps the plain name and passes the long text on")
+        << "names" << "1 3|1 2|M M M M 5 5|0 5"
+        << QString::fromUtf8("#0:Set 1, #1:Set 2 (min 20.00 / ⌀ 20.75 / max 21.50 u2)");
+    QTest::newRow("names: zoomed window, shifted one sample back")
+        << "names" << "1 3|0 1|12.3 21.85 22.1 18.75 1000 -1000|2 4"
+        << QString::fromUtf8("#0:Set 0 (min 0.50 / ⌀ 0.75 / max 1.00 °C), #1:Set 1 (21.85 / 21.98 / 22.10 u1)");
+    QTest::newRow("names: no data sets") << "names" << "1 0|0|0|0 5" << "";
+    QTest::newRow("build: lines; the axis bit shows the axis, the right bit moves it, grid with the lead")
+        << "build" << "1 0|3 1 7 5"
+        << "line u0 0..100 L %.0f grid T; line u1 -1..101 L %.1f hidden; "
+           "line u2 -2..102 R %.2f; line u3 -3..103 R %.0f hidden";
+    QTest::newRow("build: other line types draw splines; the lead is the first shown")
+        << "build" << "0 0|0 0 3 7" << "spline u2 -2..102 L %.2f grid T; spline u3 -3..103 R %.0f";
+    QTest::newRow("build: state bands come first on one hidden axis, without markers")
+        << "build" << "1 1|0 3 0 7"
+        << "area 0..8200 R %i hidden T -; area 0..8200 R %i hidden T -; "
+           "line u1 -1..101 L %.1f grid T; line u3 -3..103 R %.0f";
+    QTest::newRow("rows: untick one") << "rows" << "1" << "+-++ 3 series";
+    QTest::newRow("rows: untick all: the first comes back") << "rows" << "0 1 2 3" << "+--- 1 series";
+    QTest::newRow("rows: last one unticked while the first is off") << "rows" << "1 2 3 0" << "+--- 1 series";
+}
+
+void TestChart::rules()
+{
+    QFETCH(QString, rule);
+    QFETCH(QString, input);
+    QFETCH(QString, expected);
+    QCOMPARE(applyRule(rule, input), expected);
+}
+
+// A rebuild (here: a row toggle) zooms the time axis to the model's window
+// again, to within a pixel's worth of time, with the window's statistics.
+void TestChart::zoomWindowSurvivesRebuild()
+{
+    Widget w(*makeModel(2, 1000, {0, 1}));
+    settingsT &s = w.chart.model().settings;  // a load shows the whole range
+    s.viewBegin = minute(100);
+    s.viewEnd = minute(300);
+    w.chart.m_displayChart(&w.chart, false);
+    for (int round = 0; round < 2; ++round) {
+        QChart *chart = w.chart.chart();
+        QVERIFY(chart->isZoomed());
+        auto *time = qobject_cast<QDateTimeAxis *>(chart->axes(Qt::Horizontal).first());
+        const double pixel = double(s.rangeEnd - s.rangeBegin) / chart->plotArea().width();
+        QVERIFY(qAbs(double(time->min().toMSecsSinceEpoch() - minute(100))) <= pixel);
+        QVERIFY(qAbs(double(time->max().toMSecsSinceEpoch() - minute(300))) <= pixel);
+        QCOMPARE(chart->series().first()->name(), QString::fromUtf8("Set 0 (min 0.00 / ⌀ 4.75 / max 9.50 u0)"));
+        w.box(1)->click();
+    }
+    QCOMPARE(s.viewBegin, minute(100));
+}
+
+QTEST_MAIN(TestChart)
+#include "tst_chart.moc"
