@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 
+#include <cmath>
 #include <cstring>
 
 namespace qvtest {
@@ -61,7 +62,7 @@ QByteArray text(const char *p, int width)
 
 QByteArray number(double v)
 {
-    return qv::g_isMissing(v) ? QByteArray("-") : QByteArray::number(v, 'g', 12);
+    return qv::g_isMissing(v) ? QByteArray("-") : v == 0 && std::signbit(v) ? QByteArray("-0") : QByteArray::number(v, 'g', 12);
 }
 
 QByteArray when(qint64 ms)
@@ -75,72 +76,50 @@ QByteArray ImportRun::summary(const char *parts) const
 {
     const qv::ChartModel &m = *model;
     const settingsT &s = m.settings;
+    const int sets = qBound(0, int(s.dataSetCount), qv::kMaxDataSets);
     QByteArrayList out;
     for (const char *p = parts; *p; ++p) {
         QByteArrayList l;
-        switch (*p) {
-        case 'r':
+        if (*p == 'r')
             out << (result.ok ? QByteArray("ok") : QByteArray(result.message).replace('\n', '/') + (result.critical() ? "!" : ""));
-            continue;
-        case 't':
+        if (*p == 't')
             out << "'" + text(s.description, qv::kDescriptionWidth) + "'";
-            continue;
-        case 's':
-            for (int i = 0; i < s.dataSetCount && i < qv::kMaxDataSets; ++i)
-                l << text(s.name[i], qv::kNameWidth) + ':' + QByteArray::number(s.decimals[i]) + ':' +
-                         QByteArray::number(s.valueType[i]) + ':' + QByteArray::number(s.lineFlags[i]) +
-                         (m.row[i].enabled ? "E" : "") + (m.row[i].checked ? "C" : "");
-            out << "sets[" + l.join(',') + ']';
-            continue;
-        case 'a':
-            for (int i = 0; i < s.dataSetCount && i < qv::kMaxDataSets; ++i)
-                l << number(s.axisMin[i]) + ".." + number(s.axisMax[i]);
-            out << "axes[" + l.join(',') + ']';
-            continue;
-        case 'v':
-            for (int i = 0; i < qv::kMaxDataSets; ++i) {
-                QByteArrayList v;
-                for (int k = 0; k < m.data(i)->count && k < qv::kMaxSamples; ++k)
-                    v << number(m.data(i)->value[k]);
-                if (i < s.dataSetCount || !v.isEmpty())
-                    l << v.join(' ');
-            }
-            out << "v[" + l.join('|') + ']';
-            continue;
-        case 'x':
-            for (int k = 0; k < m.data(0)->count; ++k)
-                l << (k == 0 ? when(m.data(0)->time[0]) : "+" + QByteArray::number((m.data(0)->time[k] - m.data(0)->time[k - 1]) / 1000));
-            out << "x[" + l.join(' ') + ']';
-            continue;
-        case 'g':
+        for (int i = 0; *p == 's' && i < sets; ++i)
+            l << text(s.name[i], qv::kNameWidth) + ':' + QByteArray::number(s.decimals[i]) + ':' + QByteArray::number(s.valueType[i]) +
+                     ':' + QByteArray::number(s.lineFlags[i]) + (m.row[i].enabled ? "E" : "") + (m.row[i].checked ? "C" : "");
+        for (int i = 0; *p == 'a' && i < sets; ++i)
+            l << number(s.axisMin[i]) + ".." + number(s.axisMax[i]);
+        for (int i = 0; *p == 'v' && i < qv::kMaxDataSets; ++i) {
+            QByteArrayList v;
+            for (int k = 0; k < m.data(i)->count && k < qv::kMaxSamples; ++k)
+                v << number(m.data(i)->value[k]);
+            if (i < sets || !v.isEmpty())
+                l << v.join(' ');
+        }
+        for (int k = 0; *p == 'x' && k < m.data(0)->count; ++k)
+            l << (k == 0 ? when(m.data(0)->time[0]) : "+" + QByteArray::number((m.data(0)->time[k] - m.data(0)->time[k - 1]) / 1000));
+        if (*p == 'g')
             out << (s.firstTime == 0 ? QByteArray("0") : when(s.firstTime)) + ".." + (s.lastTime == 0 ? QByteArray("0") : when(s.lastTime)) +
                        " iv=" + QByteArray::number(s.sampleInterval) + " n=" + QByteArray::number(s.rangeSampleCount) +
-                       (s.rangeBegin == s.firstTime && s.viewBegin == s.firstTime && s.rangeEnd == s.lastTime &&
-                                s.viewEnd == s.lastTime
-                            ? ""
-                            : " range?");
-            continue;
-        case 'm':
-            for (int k = 0; k < m.modeCodes()->count; ++k)
-                l << QByteArray::number(m.modeCodes()->code[k]);
+                       (s.rangeBegin == s.firstTime && s.viewBegin == s.firstTime && s.rangeEnd == s.lastTime && s.viewEnd == s.lastTime
+                            ? "" : " range?");
+        for (int k = 0; *p == 'm' && k < m.modeCodes()->count; ++k)
+            l << QByteArray::number(m.modeCodes()->code[k]);
+        if (*p == 'm')
             out << "modes=" + QByteArray::number(s.hasModeData) + (m.modeBoxVisible ? "V" : "") + (m.modeBoxChecked ? "C" : "") +
                        " flags=" + QByteArray::number(s.flags) + " [" + l.join(' ') + ']';
-            continue;
-        case 'p': {
-            const modeParametersT &b = *m.modeParameters();
-            for (double d : b.parameter)
-                l << number(d);
-            out << "P[" + l.join(' ') + ';' + QByteArray::number(b.intParameter[0]) + ' ' + QByteArray::number(b.intParameter[1]) +
-                       ' ' + QByteArray::number(b.intParameter[2]) + ' ' + QByteArray::number(b.intParameter[3]) + ';' +
+        const modeParametersT &b = *m.modeParameters();
+        for (int i = 0; *p == 'p' && i < 11; ++i)
+            l << number(b.parameter[i]);
+        if (*p == 'p')
+            out << "P[" + l.join(' ') + ';' + QByteArray::number(b.intParameter[0]) + ' ' + QByteArray::number(b.intParameter[1]) + ' ' +
+                       QByteArray::number(b.intParameter[2]) + ' ' + QByteArray::number(b.intParameter[3]) + ';' +
                        QByteArray::number(b.interval) + ']';
-            continue;
-        }
-        case 'q':
+        if (*p == 'q')
             out << "q" + QByteArray::number(host.questions.size()) + "w" + QByteArray::number(host.warnings.size());
-            continue;
-        default:
-            out << "?";
-        }
+        if (std::strchr("savx", *p))
+            out << (*p == 's' ? QByteArray("sets") : *p == 'a' ? QByteArray("axes") : QByteArray(1, *p)) + '[' +
+                       l.join(*p == 'v' ? '|' : *p == 'x' ? ' ' : ',') + ']';
     }
     return out.join(' ');
 }

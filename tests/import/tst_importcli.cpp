@@ -7,7 +7,6 @@
 
 #include "import/importer.h"
 #include "import/inputtype.h"
-#include "logwriter.h"
 #include "project/projectfile.h"
 
 #include <QtTest>
@@ -30,7 +29,8 @@ private slots:
 
         QTest::newRow("controller csv") << QStringLiteral("plain.CSV") << QStringList() << 0;
         QTest::newRow("csv with siblings") << QStringLiteral("S_TS01.CSV") << QStringList{QStringLiteral("--yes")} << 0;
-        QTest::newRow("binary log, overflow repaired") << QStringLiteral("x.log") << QStringList{QStringLiteral("--yes")} << 0;
+        QTest::newRow("binary log with siblings, overflow repaired")
+            << QStringLiteral(QV_LOG_SAMPLES_DIR "/ventimar-log-overflow/SV_SA_01.LOG") << QStringList{QStringLiteral("--yes")} << 0;
         QTest::newRow("vaporix-VIS") << QStringLiteral("keller.csv") << QStringList() << 0;
         QTest::newRow("project") << QStringLiteral("in.qvj") << QStringList() << 0;
         QTest::newRow("a failed import writes nothing") << QStringLiteral("bad.csv") << QStringList() << 1;
@@ -43,30 +43,14 @@ private slots:
         QFETCH(int, exitCode);
 
         CsvFolder folder;
-        const QString path = folder.path(input);
+        const QString path = input.startsWith(QLatin1Char('/')) ? input : folder.path(input);
         if (input.startsWith(QLatin1String("S_TS"))) {
             for (int i = 1; i <= 4; ++i)
                 folder.write(QStringLiteral("S_TS0%1.CSV").arg(i), dataFile(qPrintable(QStringLiteral("csv/sensor-set/S_TS0%1.CSV").arg(i))));
-        } else if (input.endsWith(QLatin1String(".log"))) {
-            // Three data sets in a ring of 16 rows starting at row 2.
-            qvlog::LogLayout s;
-            s.title = "Keller";
-            s.count = 3;
-            s.capacity = 15;
-            s.interval = 600;
-            s.startTime = 1700000000;
-            s.rows = 10;
-            s.oldestOffset = 2 * 3 * 4;
-            s.sets[0] = {"Temp", 3, 1, 0, 10, 0};
-            s.sets[1] = {"Feuchte", 8, 1, 0, 0, 0};
-            s.sets[2] = {"Zaehler", 6, 2, 0, 0, 0};
-            for (int r = 0; r < 16; ++r)
-                s.words << quint32(150 - 7 * r) << qvlog::floatWord(60.5f + r) << quint32(r);
-            folder.write(input, qvlog::file(s));
         } else if (input.endsWith(QLatin1String(".qvj"))) {
             const ImportRun run = importBytes(Kind::Vis, dataFile("vis/four-states.csv"));
             QVERIFY(g_saveProjectFile(*run.model, path, SaveOptions()).ok);
-        } else {
+        } else if (!input.startsWith(QLatin1Char('/'))) {
             folder.write(input, input == QLatin1String("bad.csv") ? QByteArray("K\nZeit;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;17\n")
                                 : input == QLatin1String("keller.csv") ? dataFile("vis/four-states.csv")
                                                                       : dataFile("csv/trailing-separator-and-missing-value.csv"));
