@@ -1,11 +1,9 @@
 #include "app/shellfixture.h"
 
-#include "app/quorvantaclass.h"
 #include "ui/resources.h"
 #include "project/fixedstring.h"
 #include "project/projectfile.h"
 
-#include <QCoreApplication>
 #include <QStandardPaths>
 
 namespace qvtest {
@@ -17,16 +15,6 @@ void prepareShell(const QTemporaryDir &scratch)
     qputenv("XDG_CONFIG_HOME", config.toLocal8Bit());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, config);
     qv::g_initResources();
-}
-
-void flushDeletions()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
-std::unique_ptr<QuorvantaClass> makeWindow()
-{
-    return std::make_unique<QuorvantaClass>(QStringLiteral("/nonexistent-app-dir"), nullptr, false);
 }
 
 std::unique_ptr<qv::ChartModel> makeModel(int dataSets, bool modes)

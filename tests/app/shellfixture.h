@@ -2,15 +2,15 @@
 // throwaway settings store, and projects written with the core.
 #pragma once
 
+#include "app/quorvantaclass.h"
 #include "project/chartmodel.h"
 
+#include <QCoreApplication>
 #include <QSettings>
 #include <QString>
 #include <QTemporaryDir>
 
 #include <memory>
-
-class QuorvantaClass;
 
 namespace qvtest {
 
@@ -19,12 +19,14 @@ namespace qvtest {
 void prepareShell(const QTemporaryDir &scratch);
 
 // Runs the pending deleteLater() calls.
-void flushDeletions();
-
+inline void flushDeletions() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 // A main window without the start screen; language as stored (German on a
 // first start).
-std::unique_ptr<QuorvantaClass> makeWindow();
+inline std::unique_ptr<QuorvantaClass> makeWindow()
+{
+    return std::make_unique<QuorvantaClass>(QStringLiteral("/nonexistent-app-dir"), nullptr, false);
+}
 
 // A model with dataSets data sets ("Set 0", ...; set 1 hidden) of a few
 // samples, with or without device-mode data.
