@@ -113,12 +113,16 @@ private slots:
                 }
             }
         }
-        for (const char *odd : {"31.02.2021 10:00:00", "29.02.2100 10:00:00", "01.13.2021 10:00:00", "01.01.2021 24:00:00",
-                                "01.01.2021 23:59:60", "1.01.2021 10:00:00", "01.01.2021 10:00:00 ", "01.01.+021 10:00:00",
-                                "01.01.2021 -1:00:00", "01.01.0000 10:00:00", "01.01.9999 23:59:59", ""}) {
+        // Odd texts, and one time in every month from the ends of the fast range on.
+        QByteArrayList odd{"31.02.2021 10:00:00", "29.02.2100 10:00:00", "01.13.2021 10:00:00", "01.01.2021 24:00:00",
+                           "01.01.2021 23:59:60", "1.01.2021 10:00:00", "01.01.2021 10:00:00 ", "01.01.+021 10:00:00",
+                           "01.01.2021 -1:00:00", "01.01.0000 10:00:00", "01.01.9999 23:59:59", ""};
+        for (QDate d(1969, 12, 30); d.year() < 2039; d = d.addDays(13))
+            odd << d.toString(QStringLiteral("dd.MM.yyyy 23:59:59")).toLatin1();
+        for (const QByteArray &t : odd) {
             LocalTimeReader reader(LocalTimeReader::WithSeconds);
-            QCOMPARE(reader.read(odd, qsizetype(strlen(odd))),
-                     QDateTime::fromString(QLatin1String(odd), timeFormat(LocalTimeReader::WithSeconds)).toMSecsSinceEpoch());
+            QCOMPARE(reader.read(t.constData(), t.size()),
+                     QDateTime::fromString(QString::fromLatin1(t), timeFormat(LocalTimeReader::WithSeconds)).toMSecsSinceEpoch());
         }
     }
 
@@ -269,6 +273,10 @@ private slots:
         const QByteArray state = "STATUS LOG\nKopf\n";
 
         QTest::newRow("all there, Yes") << upper << committed << true << QByteArray("rtsavgmpq") << QByteArray("ok 'SENSORWERTE' sets[abs. Feuchte Aussen:1:8:3EC,Temp Aussen:1:8:7EC,rel. Feuchte Aussen:0:8:1EC,abs. Feuchte Innen:1:8:1EC,Temp Innen:1:8:1EC,rel. Feuchte Innen:0:8:1EC,abs. Feuchte Innen Zone I:1:8:0E,Temp Innen Zone I:1:8:0E,rel. Feuchte Innen Zone I:0:8:0E,abs. Feuchte Innen Zone II:1:8:0E,Temp Innen Zone II:1:8:0E,rel. Feuchte Innen Zone II:0:8:0E] axes[0..20,-15..35,0..100,0..20,-15..35,0..100,0..20,-15..35,0..100,0..20,-15..35,0..100] v[8.5 8.5 - 8.5 8.5|10.5 10.5 - 10.5 10.5|60 60 - 60 60|9 9 9 9 9|21 21 21 21 21|55 55 55 55 55|9.5 9.5 9.5 9.5 9.5|20 20 20 20 20|50 50 50 50 50|9.1 9.1 9.1 9.1 9.1|19.5 19.5 19.5 19.5 19.5|48 48 48 48 48] 01.03.2021 10:00:00..01.03.2021 10:04:00 iv=60 n=5 modes=1VC flags=3 [3 1 11 7 7 2] P[45 65 5 25 3 2.5 1.5 0.1 -0.2 0.3 -0.4;15 7 8 9;-7] q1w0");
+        QTest::newRow("SENSORWERTE of 7 columns: 6 sets laid out")
+            << upper << with(0, "SENSORWERTE\nZeit;a;b;c;d;e;f;g\n01.03.2021 10:00:00;8.5;10.5;60;9;21;55\n01.03.2021 10:01:00;8.5;10.5;60;9;21;55\n"
+                                 "01.03.2021 10:02:00;8.5;10.5;60;9;21;55\n")
+            << true << QByteArray("rsm") << QByteArray("ok sets[abs. Feuchte Aussen:1:8:2EC,Temp Aussen:1:8:6EC,rel. Feuchte Aussen:0:8:1EC,abs. Feuchte Innen:1:8:1EC,Temp Innen:1:8:1EC,rel. Feuchte Innen:0:8:1EC] modes=1VC flags=3 [3 1 11 7 7 2]");
         QTest::newRow("all there, No") << upper << committed << false << QByteArray("rmvq") << QByteArray("ok modes=0 flags=1 [] v[8.5 8.5 8.5 8.5 8.5|10.5 10.5 80 10.5 10.5|60 60 60 60 60|9 9 9 9 9|21 21 21 21 21|55 55 55 55 55|9.5 9.5 9.5 9.5 9.5|20 20 20 20 20|50 50 50 50 50|9.1 9.1 9.1 9.1 9.1|19.5 19.5 19.5 19.5 19.5|48 48 48 48 48] q1w0");
         QTest::newRow("TS02 missing") << upper << with(1, "-") << true << QByteArray("rmq") << QByteArray("ok modes=0 flags=1 [] q0w0");
         QTest::newRow("TS04 missing") << upper << with(3, "-") << true << QByteArray("rmq") << QByteArray("ok modes=0 flags=1 [] q0w0");
