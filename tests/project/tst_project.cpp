@@ -1,0 +1,491 @@
+// The model record and the project file: the bytes we write, decoded with
+// zlib by hand; files built from the documented layout and what every load
+// (good or damaged) leaves in the model; which files each save situation
+// leaves behind; the range, row-check, path and fixed-width text rules.
+#include "support/testsupport.h"
+
+#include "project/chartmodel.h"
+#include "project/fixedstring.h"
+#include "project/projectfile.h"
+#include "project/projectpaths.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QLockFile>
+#include <QtTest>
+
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <zlib.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+using namespace qv;
+using qvtest::item;
+
+namespace {
+
+constexpr int kStore = 4194312;
+constexpr int kModes = 262148;
+const QString kNoProject = QStringLiteral("File is no Quorvanta project!");
+const QString kDamaged = QStringLiteral("Error in Quorvanta project!");
+
+QByteArray raw(const void *p, int size) { return QByteArray(static_cast<const char *>(p), size); }
+QByteArray zeros(int size) { return item(QByteArray(size, '\0')); }
+
+// n data sets of distinct, partly missing values, set 1 hidden.
+std::unique_ptr<ChartModel> makeModel(int n, bool modes, int samples = 50)
+{
+    auto m = std::make_unique<ChartModel>();
+    m->settings.dataSetCount = n;
+    m->settings.lineFlags[1] = 2;
+    m->settings.hasModeData = modes;
+    m->settings.rangeEnd = 3000000;
+    for (int i = 0; i < n; ++i) {
+        g_qString2Buffer(m->settings.name[i], QStringLiteral("Set %1").arg(i), kNameWidth);
+        for (int k = 0; k < samples; ++k) {
+            m->data(i)->time[k] = qint64(k) * 60000;
+            m->data(i)->value[k] = (k % 17 == 5) ? kMissingValue : 20.0 + i + k * 0.125;
+            m->modeCodes()->code[k] = qint8(k % 13);
+        }
+        m->data(i)->count = samples;
+    }
+    m->modeCodes()->count = modes ? samples : 0;
+    return m;
+}
+
+QByteArray saveToBytes(ChartModel &model, quint32 changedTime = 1234567)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    SaveOptions o;
+    o.changedTime = changedTime;
+    return g_writeProject(model, buffer, o).ok ? buffer.data() : QByteArray();
+}
+
+FileResult loadBytes(ChartModel &model, QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return g_readProject(model, buffer, ProgressFn());
+}
+
+QByteArray magic(char minor)
+{
+    return item(QByteArray("Quorvanta Project - (C)2016 Merovin GmbH V1.x.000RS").replace('x', minor));
+}
+
+// A project file around a payload, compressed by zlib itself.
+QByteArray fileOf(const QByteArray &payload, char minor = '4')
+{
+    uLongf size = compressBound(uLong(payload.size()));
+    QByteArray out(int(size), Qt::Uninitialized);
+    compress2(reinterpret_cast<Bytef *>(out.data()), &size, reinterpret_cast<const Bytef *>(payload.constData()),
+              uLong(payload.size()), 9);
+    return magic(minor) + item(qvtest::bigEndian32(quint32(payload.size())) + out.left(int(size)));
+}
+
+// The decompressed payload of a file, read with zlib directly.
+QByteArray payloadOf(const QByteArray &file)
+{
+    uLongf size = qFromBigEndian<quint32>(file.constData() + 59);
+    QByteArray out(int(size), Qt::Uninitialized);
+    const int rc = uncompress(reinterpret_cast<Bytef *>(out.data()), &size,
+                              reinterpret_cast<const Bytef *>(file.constData()) + 63, uLong(file.size() - 63));
+    return rc == Z_OK ? out.left(int(size)) : QByteArray();
+}
+
+// A settings record: set 1 hidden, a range, a sample count to be recounted.
+QByteArray settingsItem(int dataSetCount, bool modes, qint64 rangeBegin = 0, qint64 rangeEnd = 0)
+{
+    settingsT s;
+    g_initSettings(s, 99);
+    s.dataSetCount = dataSetCount;
+    s.hasModeData = modes;
+    s.lineFlags[1] = 0;
+    s.rangeBegin = rangeBegin;
+    s.rangeEnd = rangeEnd;
+    s.rangeSampleCount = 999;
+    return item(raw(&s, 2048));
+}
+
+// A store of `count` samples at 1000, 2000, ... ms with values 0, 1.5, 3, ...
+QByteArray storeItem(qint32 count)
+{
+    QByteArray store(kStore, '\0');
+    std::memcpy(store.data(), &count, 4);
+    for (int k = 0; k < count; ++k) {
+        const qint64 t = 1000 * (k + 1);
+        const double v = 1.5 * k;
+        std::memcpy(store.data() + 8 + 8 * k, &t, 8);
+        std::memcpy(store.data() + 0x200008 + 8 * k, &v, 8);
+    }
+    return item(store);
+}
+
+// A mode track of `count` codes followed by the parameters (interval 60 s).
+QByteArray modesItems(qint32 count, const QByteArray &codes)
+{
+    QByteArray track(kModes, '\0'), parameters(256, '\0');
+    std::memcpy(track.data(), &count, 4);
+    parameters[104] = 60;
+    return item(track.replace(4, codes.size(), codes)) + item(parameters);
+}
+
+// The outcome ("!" when critical), then the data sets, each row in use
+// (+ ticked) with its count and last sample, the view, flags, mode box,
+// interval and first codes.
+QString summary(const FileResult &r, ChartModel &m)
+{
+    QString s = r.ok ? QStringLiteral("ok") : QString::fromLatin1(r.message) + QLatin1String(r.critical() ? "!" : "");
+    s += QStringLiteral(" | %1 sets ").arg(m.settings.dataSetCount);
+    for (int i = 0; i < kMaxDataSets; ++i) {
+        const _chartDataType &d = *m.data(i);
+        if (m.row[i].enabled)
+            s += QStringLiteral("%1%2@%3=%4 ").arg(m.row[i].checked ? '+' : '-').arg(d.count)
+                     .arg(d.count > 0 ? d.time[d.count - 1] : 0).arg(d.count > 0 ? d.value[d.count - 1] : 0);
+    }
+    s += QStringLiteral("view %1-%2 (%3) flags %4").arg(m.settings.viewBegin).arg(m.settings.viewEnd)
+             .arg(m.settings.rangeSampleCount).arg(m.settings.flags);
+    if (m.modeBoxVisible)
+        s += QStringLiteral(" modes%1 i%2:").arg(m.modeBoxChecked ? '+' : '-').arg(m.modeParameters()->interval);
+    for (int k = 0; m.modeBoxVisible && k < 7; ++k)
+        s += QLatin1Char(' ') + QString::number(m.modeCodes()->code[k]);
+    return s;
+}
+
+enum Situation { NewFile, OverOld, ReadOnlyFolder, LimitHitsProject, LimitHitsBackup, InUse, Fifo, Socket, Folder };
+
+// Saves in a child process as the programs do (SIGXFSZ ignored), under the
+// situation's file-size limit or as an ordinary user; the child's exit code
+// is the message's index in saveTexts, 9 when root rights stay.
+const QStringList saveTexts{QStringLiteral("ok"), QStringLiteral("Error while writing file!"),
+                            QStringLiteral("The project is in use by another program!")};
+int saveInChild(ChartModel &model, const QString &path, int situation)
+{
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        if (situation == ReadOnlyFolder && ::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0))
+            ::_exit(9);
+        const rlimit limit{64 * 1024, 64 * 1024};
+        if (situation == LimitHitsProject || situation == LimitHitsBackup)
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+        g_ignoreFileSizeSignal();
+        SaveOptions options;
+        options.changedTime = 2;
+        options.lockWaitMs = 200;
+        const FileResult r = g_saveProjectFile(model, path, options);
+        ::_exit(int(saveTexts.indexOf(r.ok ? saveTexts.at(0) : QString::fromLatin1(r.message))));
+    }
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 100 + WTERMSIG(status);
+}
+
+// A fixed-width field for reading: "." for NUL, \xNN outside ASCII, "c*N" for a run of N > 16.
+QString shown(const QByteArray &field)
+{
+    QString s;
+    for (int i = 0, n = 1; i < field.size(); i += n) {
+        const char c = field.at(i);
+        for (n = 1; i + n < field.size() && field.at(i + n) == c;)
+            ++n;
+        const QString one = c == 0 ? QStringLiteral(".") : uchar(c) < 128 ? QString(QLatin1Char(c))
+                                                                          : QStringLiteral("\\x%1").arg(uchar(c), 0, 16);
+        s += n > 16 ? one + QStringLiteral("*%1").arg(n) : one.repeated(n);
+    }
+    return s;
+}
+
+}  // namespace
+
+class TestProject : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void roundTrip_data();
+    void roundTrip();
+    void loads_data();
+    void loads();
+    void saveSituations_data();
+    void saveSituations();
+    void rules_data();
+    void rules();
+};
+
+void TestProject::roundTrip_data()
+{
+    QTest::addColumn<int>("dataSets");
+    QTest::addColumn<bool>("modes");
+    QTest::addColumn<int>("samples");
+    QTest::newRow("no data sets") << 0 << false << 0;
+    QTest::newRow("two with mode data") << 2 << true << 50;
+    QTest::newRow("sixteen full stores") << 16 << true << kMaxSamples;
+}
+
+// The bytes written, decoded with zlib by hand against the documented
+// layout; loading gives back every store, and from then on save -> load ->
+// save gives the same bytes (loading sets the view to the range).
+void TestProject::roundTrip()
+{
+    QFETCH(int, dataSets);
+    QFETCH(bool, modes);
+    QFETCH(int, samples);
+    auto original = makeModel(dataSets, modes, samples);
+    const QByteArray file = saveToBytes(*original, 0x01020304);
+    QCOMPARE(file.left(55), magic('4'));
+    QCOMPARE(int(qFromBigEndian<quint32>(file.constData() + 55)), file.size() - 59);  // nothing follows
+    QByteArray expected = item(raw(&original->settings, 2048));
+    for (int i = 0; i < dataSets; ++i)
+        expected += item(raw(original->data(i), kStore));
+    if (modes)
+        expected += item(raw(original->modeCodes(), kModes)) + item(raw(original->modeParameters(), 256));
+    const QByteArray payload = payloadOf(file);
+    QV_COMPARE_BYTES(payload, expected);
+    QCOMPARE(qint64(payload.size()), g_payloadSize(dataSets, modes));
+    QCOMPARE(payload.mid(4 + 24, 4), QByteArray("\x04\x03\x02\x01", 4));  // changed time, little-endian
+    QCOMPARE(qUncompress(file.mid(59)), payload);  // Qt's own reader takes the block too
+
+    auto loaded = std::make_unique<ChartModel>();
+    QVERIFY(loadBytes(*loaded, file).ok);
+    const QByteArray second = saveToBytes(*loaded);
+    QV_COMPARE_BYTES(payloadOf(second).mid(2052), payload.mid(2052));
+    auto again = std::make_unique<ChartModel>();
+    QVERIFY(loadBytes(*again, second).ok);
+    QV_COMPARE_BYTES(saveToBytes(*again), second);
+}
+
+void TestProject::loads_data()
+{
+    // file: the bytes, or "@missing", "@fifo", "@folder" for what sits at the path.
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QString>("expected");  // summary() after loading into an empty model
+    const QString none = QStringLiteral(" | 0 sets view 0-0 (0) flags 1");
+    const QString store0 = QStringLiteral(" | 2 sets +3@3000=3 view 0-0 (999) flags 1");
+    const QString modesKept = QStringLiteral(" | 0 sets view 0-0 (999) flags 1");  // the settings read stay
+    const QString one = QStringLiteral("ok | 1 sets +50@2940000=26.125 view 0-3000000 (50) flags 1");
+    const QByteArray two = settingsItem(2, false), modes = settingsItem(0, true);
+    const QByteArray good = payloadOf(saveToBytes(*makeModel(1, false)));
+    QByteArray oneOff = magic('4'), badHint = fileOf(good);
+    oneOff[20] = 'X';
+    badHint.replace(59, 4, QByteArray("\0\0\0\1", 4));  // the size in front of the stream is only a hint
+    QByteArray tail = fileOf(two + zeros(kStore) + zeros(kStore) + QByteArray(5000, 'z'));
+    tail[tail.size() - 3] = char(tail.at(tail.size() - 3) ^ 0x55);  // breaks the checksum
+
+    QTest::newRow("hand-built 1.4 file: codes kept, view = range, recounted")
+        << fileOf(settingsItem(2, true, 2000, 4000) + storeItem(5) + storeItem(0) + modesItems(3, QByteArray("\x0c\x00\x0a", 3)))
+        << "ok | 2 sets +5@5000=6 -0@0=0 view 2000-4000 (3) flags 3 modes+ i60: 12 0 10 0 0 0 0";
+    QTest::newRow("1.3 file: codes 10 and 12 raised, up to the count")
+        << fileOf(modes + modesItems(6, QByteArray("\x09\x0a\x0c\x00\xfd\x7f\x0a", 7)), '3')
+        << "ok | 0 sets view 0-0 (0) flags 3 modes+ i60: 9 11 13 0 -3 -128 10";
+    QTest::newRow("1.3 file with a hostile count") << fileOf(modes + modesItems(0x7fffffff, "\x0a"), '3')
+                                                   << "ok | 0 sets view 0-0 (0) flags 3 modes+ i60: 11 0 0 0 0 0 0";
+    QTest::newRow("bytes after the items and the file") << fileOf(good + "extra") + "trailing" << one;
+    QTest::newRow("size hint wrong") << badHint << one;
+    QTest::newRow("negative data set count") << fileOf(settingsItem(-3, false)) << "ok | -3 sets view 0-0 (0) flags 1";
+    QTest::newRow("missing") << QByteArray("@missing") << QStringLiteral("Error reading file!!") + none;
+    QTest::newRow("FIFO") << QByteArray("@fifo") << QStringLiteral("Error reading file!!") + none;
+    QTest::newRow("folder") << QByteArray("@folder") << QStringLiteral("Error reading file!!") + none;
+    QTest::newRow("empty file") << QByteArray() << kNoProject + none;
+    QTest::newRow("three bytes") << QByteArray("\0\0\0", 3) << kNoProject + none;
+    QTest::newRow("magic one byte off") << oneOff + fileOf(two).mid(55) << kNoProject + none;
+    QTest::newRow("magic with a trailing blank") << item(magic('4').mid(4) + ' ') << kNoProject + none;
+    QTest::newRow("magic cut short") << magic('4').left(40) << kNoProject + none;
+    QTest::newRow("null byte array") << QByteArray("\xff\xff\xff\xff", 4) << kNoProject + none;
+    QTest::newRow("version 1.5") << fileOf(good, '5') << kNoProject + none;
+    QTest::newRow("no payload item") << magic('4') << kDamaged + none;
+    QTest::newRow("payload length past the end") << magic('4') + QByteArray(4, '\xf0') + QByteArray(100, 'x')
+                                                 << kDamaged + none;
+    QTest::newRow("payload cut short") << fileOf(two).left(70) << kDamaged + none;
+    QTest::newRow("payload not zlib") << magic('4') + item(qvtest::bigEndian32(2052) + QByteArray(300, 'x')) << kDamaged + none;
+    QTest::newRow("payload empty") << magic('4') + zeros(4) << kDamaged + none;
+    QTest::newRow("payload of three bytes") << magic('4') + zeros(3) << kDamaged + none;
+    QTest::newRow("settings 2047 bytes") << fileOf(zeros(2047)) << kDamaged + none;
+    QTest::newRow("settings 2049 bytes") << fileOf(zeros(2049)) << kDamaged + none;
+    QTest::newRow("settings cut inside the stream") << fileOf(two.left(1000)) << kDamaged + none;
+    QTest::newRow("seventeen data sets") << fileOf(settingsItem(17, false)) << kDamaged + QLatin1String(" | 17 sets view 0-0 (999) flags 1");
+    QTest::newRow("store missing") << fileOf(two + storeItem(3)) << kDamaged + store0;
+    QTest::newRow("store one byte short") << fileOf(two + storeItem(3) + zeros(kStore - 1)) << kDamaged + store0;
+    QTest::newRow("store cut inside the stream") << fileOf(two + storeItem(3) + zeros(kStore).left(100))
+                                                 << kDamaged + store0;
+    QTest::newRow("mode codes wrong length") << fileOf(modes + zeros(kModes + 1) + zeros(256)) << kDamaged + modesKept;
+    QTest::newRow("mode parameters wrong length") << fileOf(modes + zeros(kModes) + zeros(255)) << kDamaged + modesKept;
+    QTest::newRow("mode parameters missing") << fileOf(modes + zeros(kModes)) << kDamaged + modesKept;
+    QTest::newRow("decompression bomb")  // inflates to far more than any project holds
+        << fileOf(two + zeros(kStore) + zeros(kStore) + QByteArray(int(2 * g_payloadSize(16, true)), '\0'))
+        << kDamaged + none;
+    QTest::newRow("checksum broken after the items") << tail << kDamaged + none;
+}
+
+void TestProject::loads()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(QString, expected);
+    QTemporaryDir dir;
+    QString path = dir.filePath(QStringLiteral("p.qvj"));
+    if (file == "@fifo")
+        QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0666), 0);
+    else if (file == "@folder")
+        path = dir.path();
+    else if (file != "@missing")
+        QVERIFY(qvtest::writeFile(path, file));
+    auto model = std::make_unique<ChartModel>();
+    QCOMPARE(summary(g_loadProjectFile(*model, path, ProgressFn()), *model), expected);
+    auto other = std::make_unique<ChartModel>();
+    if (!file.startsWith('@'))  // from a device the outcome is the same
+        QCOMPARE(summary(loadBytes(*other, file), *other), expected);
+}
+
+void TestProject::saveSituations_data()
+{
+    // expected: the message, then every entry of the folder afterwards: N the
+    // new project, O the old file byte for byte, P the previous backup, or
+    // what kind of non-file it is (p FIFO, s socket, d folder).
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("situation");
+    QTest::addColumn<QString>("expected");
+    const QString error = saveTexts.at(1);
+    QTest::newRow("new file") << "a.qvj" << int(NewFile) << "ok | a.qvj=N";
+    QTest::newRow("over an older project") << "b.QVJ" << int(OverOld) << "ok | b.QVJ=N b.bak=O";
+    QTest::newRow("name ending in .bak") << "x.bak" << int(OverOld) << "ok | x.bak=N x.bak.bak=O";
+    QTest::newRow("hidden name") << ".qvj" << int(OverOld) << "ok | .qvj=N .qvj.bak=O";
+    QTest::newRow("writable file in a read-only folder") << "plain" << int(ReadOnlyFolder)
+                                                         << error + QLatin1String(" | plain=O plain.bak=P");
+    QTest::newRow("size limit hit by the project") << "a.qvj" << int(LimitHitsProject) << error + QLatin1String(" | a.bak=O a.qvj=O");
+    QTest::newRow("size limit hit by the backup") << "a.qvj" << int(LimitHitsBackup) << error + QLatin1String(" | a.bak=P a.qvj=O");
+    QTest::newRow("saved by another program") << "a.qvj" << int(InUse) << saveTexts.at(2) + QLatin1String(" | a.bak=P a.qvj=O");
+    QTest::newRow("FIFO") << "a.qvj" << int(Fifo) << error + QLatin1String(" | a.qvj=p");
+    QTest::newRow("socket") << "a.qvj" << int(Socket) << error + QLatin1String(" | a.qvj=s");
+    QTest::newRow("folder") << "a.qvj" << int(Folder) << error + QLatin1String(" | a.qvj=d");
+}
+
+void TestProject::saveSituations()
+{
+    QFETCH(QString, name);
+    QFETCH(int, situation);
+    QFETCH(QString, expected);
+    QTemporaryDir dir;
+    QVERIFY(QFile::setPermissions(dir.path(), QFile::Permissions(0x7755)));  // an ordinary user may enter
+    const QString folder = dir.filePath(QStringLiteral("p")), path = folder + QLatin1Char('/') + name;
+    QVERIFY(QDir().mkdir(folder));
+    auto model = makeModel(situation == LimitHitsProject ? 2 : 1, false, kMaxSamples);
+    for (int k = 0; situation == LimitHitsProject && k < kMaxSamples; ++k)  // values that do not compress away
+        model->data(1)->value[k] = double((k * 2654435761u) % 100003) / 7.0;
+    const QByteArray old = situation == LimitHitsBackup ? QByteArray(100 * 1024, 'o') : saveToBytes(*makeModel(2, true), 1);
+    const QByteArray previous("previous backup");
+    const int socketHandle = situation == Socket ? ::socket(AF_UNIX, SOCK_STREAM, 0) : -1;
+    sockaddr_un address{AF_UNIX, {}};
+    std::strncpy(address.sun_path, QFile::encodeName(path).constData(), sizeof address.sun_path - 1);
+    if (situation == Fifo)
+        QCOMPARE(::mkfifo(address.sun_path, 0666), 0);
+    else if (situation == Socket)
+        QCOMPARE(::bind(socketHandle, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+    else if (situation == Folder)
+        QVERIFY(QDir().mkdir(path));
+    else if (situation != NewFile)
+        QVERIFY(qvtest::writeFile(path, old) && qvtest::writeFile(g_backupPath(path), previous));
+    QLockFile otherSaver(path + QStringLiteral(".lock"));
+    QVERIFY(situation != InUse || otherSaver.lock());
+    if (situation == ReadOnlyFolder)  // the files themselves stay writable for an ordinary user
+        QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x6666)) &&
+                QFile::setPermissions(g_backupPath(path), QFile::Permissions(0x6666)) &&
+                QFile::setPermissions(folder, QFile::Permissions(0x5555)));
+    const int result = saveInChild(*model, path, situation);
+    QFile::setPermissions(folder, QFile::Permissions(0x7755));
+    otherSaver.unlock();
+    if (socketHandle >= 0)
+        ::close(socketHandle);
+    if (result == 9)
+        QSKIP("running as root and cannot change to an ordinary user: a read-only folder stops nobody");
+    QVERIFY2(result < saveTexts.size(), qPrintable(QStringLiteral("child ended with %1").arg(result)));
+    // No temporary file, lock file or stray backup may be left behind.
+    QString found = saveTexts.at(result) + QStringLiteral(" |");
+    const QByteArray saved = saveToBytes(*model, 2);
+    for (const QFileInfo &entry : QDir(folder).entryInfoList(QDir::AllEntries | QDir::System | QDir::Hidden |
+                                                             QDir::NoDotAndDotDot, QDir::Name)) {
+        struct stat st {};
+        ::lstat(QFile::encodeName(entry.filePath()).constData(), &st);
+        const QByteArray bytes = S_ISREG(st.st_mode) ? qvtest::readFile(entry.filePath()) : QByteArray();
+        const char kind = S_ISDIR(st.st_mode) ? 'd' : S_ISFIFO(st.st_mode) ? 'p' : S_ISSOCK(st.st_mode) ? 's' : '?';
+        found += QStringLiteral(" %1=%2").arg(entry.fileName()).arg(!S_ISREG(st.st_mode) ? kind : bytes == saved ? 'N'
+                                                                    : bytes == old ? 'O' : bytes == previous ? 'P' : '?');
+    }
+    QCOMPARE(found, expected);
+}
+
+void TestProject::rules_data()
+{
+    QTest::addColumn<QString>("rule");
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<QString>("expected");
+    const QString table = QString::fromUtf8(qvtest::readFile(qEnvironmentVariable("QV_TEST_DATA") +
+                                                             QStringLiteral("/project/model-rules.txt")));
+    for (const QString &line : table.split(QLatin1Char('\n'))) {
+        const QStringList c = line.split(QStringLiteral(" | "));
+        if (c.size() == 4 && !line.startsWith(QLatin1Char('#')))
+            QTest::newRow(qPrintable(c.at(3))) << c.at(0) << c.at(1) << c.at(2);
+    }
+}
+
+void TestProject::rules()
+{
+    QFETCH(QString, rule);
+    QFETCH(QString, input);
+    QFETCH(QString, expected);
+    const QStringList in = input.split(QRegularExpression(QStringLiteral("[ /:]")));
+    auto model = std::make_unique<ChartModel>();
+    settingsT &s = model->settings;
+    QString out;
+    if (rule == QLatin1String("missing")) {
+        out = QString::number(g_isMissing(std::strtod(input.toLatin1().constData(), nullptr)));
+    } else if (rule == QLatin1String("range")) {
+        model->data(0)->count = 10;
+        for (int k = 0; k < 11; ++k)
+            model->data(0)->time[k] = k < 10 ? (k + 1) * 1000 : 5000;  // beyond count: never counted
+        model->data(1)->count = 3;  // only data set 0 counts
+        s.rangeBegin = in.at(0).toLongLong();
+        s.rangeEnd = in.at(1).toLongLong();
+        model->recountRange();
+        out = QString::number(s.rangeSampleCount);
+    } else if (rule == QLatin1String("rows")) {
+        s.dataSetCount = in.at(0).size();
+        for (int i = 0; i < s.dataSetCount; ++i) {
+            s.lineFlags[i] = (in.at(0).at(i) == QLatin1Char('1') ? kLineShown : 0u) | 6u;
+            model->row[i].checked = in.at(1).at(i) == QLatin1Char('1');
+        }
+        model->modeBoxChecked = in.size() > 2;
+        model->applyRowChecks();
+        QString ticked = QStringLiteral("/");
+        for (int i = 0; i < qMax(1, s.dataSetCount); ++i) {
+            out += QLatin1Char((s.lineFlags[i] & kLineShown) ? '1' : '0');
+            ticked += QLatin1Char(model->row[i].checked ? '1' : '0');
+        }
+        out += ticked + QStringLiteral(" flags %1").arg(s.flags);
+        QCOMPARE(s.lineFlags[15], 1u);  // rows beyond the data sets keep their flags
+    } else if (rule == QLatin1String("path")) {
+        out = QString::number(g_needsSaveDialog(input)) + QLatin1Char('|') + g_backupPath(input) + QLatin1Char('|') +
+              g_projectDirOf(input, QStringLiteral("KEEP"));
+    } else {
+        const int width = in.at(0).toInt();
+        const QString text = input.mid(input.indexOf(QLatin1Char(':')) + 1);
+        const QByteArray latin1 = text.toLatin1();
+        const char *chars = text == QLatin1String("(null)") ? nullptr : latin1.constData();
+        QByteArray field(qMax(0, qMin(width, 65537)) + 2, 'U');
+        for (char *to : {static_cast<char *>(nullptr), field.data()})  // no destination: nothing happens
+            rule == QLatin1String("text0")   ? g_qString2Buffer(to, text, width)
+            : rule == QLatin1String("text1") ? g_qString2BufferWO0(to, text, width)
+                                             : g_char2Buffer(to, chars, width);
+        out = shown(field) + (width > 0 && width < 10 ? QLatin1Char('=') + g_buffer2QString(field.constData(), width) : QString());
+    }
+    QCOMPARE(out, expected);
+}
+
+QTEST_GUILESS_MAIN(TestProject)
+#include "tst_project.moc"
