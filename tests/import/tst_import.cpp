@@ -25,16 +25,6 @@ using namespace qvtest;
 
 namespace {
 
-QByteArray csvRows(int count, const QByteArray &head = "K\nZeit;a;b\n")
-{
-    QByteArray f = head;
-    f.reserve(count * 40);
-    const QDateTime start(QDate(2021, 1, 1), QTime(0, 0));
-    for (int k = 0; k < count; ++k)
-        f += start.addSecs(k).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")).toLatin1() + ';' + QByteArray::number(k % 1000) + ";1\n";
-    return f;
-}
-
 // Line `n` (1-based) of the committed vaporix-VIS file replaced.
 QByteArray visWith(int n, const QByteArray &line)
 {
@@ -321,13 +311,16 @@ private slots:
     }
 
     // Running flag, mode, detail and fault of a state entry to its state code.
-    void controllerState()
+    void controllerSteps()
     {
         const int rows[][5] = {{1, 100, 0, 0, 12}, {1, 100, -1, 0, 7}, {1, 100, 9, 0, 5},   {1, 100, 11, 0, 2},
                                {1, 100, 12, 0, 4}, {1, 100, 18, 0, 3}, {1, 100, 20, 0, 6},  {5, 200, 9, 0, 11},
                                {1, 150, 9, 0, 0},  {0, 100, 9, 0, 1},  {0, 200, 9, 3, 7},   {1, 100, 20, 1, 7}};
         for (const auto &r : rows)
             QCOMPARE(int(g_controllerState(uint(r[0]), uint(r[1]), r[2], uint(r[3]))), r[4]);
+        // The sibling names: the replacements build on each other along the path.
+        const std::array<QString, 3> p = g_siblingPaths(QStringLiteral("/ts02/a_TS01.csv"), {"TS01", "TS02", "TS03", "TS04"});
+        QCOMPARE(QStringList({p[0], p[1], p[2]}).join(QLatin1Char('|')), QStringLiteral("/ts02/a_TS02.csv|/TS03/a_TS03.csv|/TS04/a_TS04.csv"));
     }
 
     // Each of the twelve sets at its limits and just beyond: an implausible
@@ -677,7 +670,11 @@ private slots:
         QFETCH(QByteArray, expected);
         QByteArray bytes;
         if (kind == int(Kind::Csv)) {
-            bytes = csvRows(rows);
+            bytes = "K\nZeit;a;b\n";
+            bytes.reserve(rows * 40);  // appending a builder reserves exactly: grow once up front
+            for (int k = 0; k < rows; ++k)
+                bytes += QDateTime(QDate(2021, 1, 1), QTime(0, 0)).addSecs(k).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")).toLatin1() +
+                         ';' + QByteArray::number(k % 1000) + ";1\n";
         } else if (kind == int(Kind::Log)) {
             qvlog::LogLayout s = ringLog(rows - 1, quint32(rows));
             s.count = 1;
