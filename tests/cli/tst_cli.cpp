@@ -26,11 +26,10 @@ bool saveSample(const QString &path)
     settingsT &s = m->settings;
     s.dataSetCount = 2;
     g_char2Buffer(s.description, "Weinkeller S\xFC" "d", kDescriptionWidth);
-    g_char2Buffer(s.name[0], "Temp In", kNameWidth);
-    g_char2Buffer(s.unit[0], "\xB0" "C", kUnitWidth);
-    g_char2Buffer(s.name[1], "Humidity In", kNameWidth);
-    g_char2Buffer(s.unit[1], "%rH", kUnitWidth);
+    const char *names[] = {"Temp In", "Humidity In"}, *units[] = {"\xB0" "C", "%rH"};
     for (int i = 0; i < 2; ++i) {
+        g_char2Buffer(s.name[i], names[i], kNameWidth);
+        g_char2Buffer(s.unit[i], units[i], kUnitWidth);
         s.decimals[i] = quint8(i + 1);
         m->data(i)->count = 10;
         for (int k = 0; k < 10; ++k) {
