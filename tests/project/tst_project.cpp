@@ -284,6 +284,8 @@ void TestProject::loads_data()
                                            << "ok | 1 sets +5@5000=6 view 2001-3999 (1) flags 1";
     QTest::newRow("range reversed") << fileOf(settingsItem(1, false, 4000, 2000) + storeItem(5))
                                     << "ok | 1 sets +5@5000=6 view 4000-2000 (0) flags 1";
+    QTest::newRow("negative sample count counts nothing") << fileOf(settingsItem(1, false, 0, 9000) + storeItem(-5))
+                                                          << "ok | 1 sets +-5@0=0 view 0-9000 (0) flags 1";
     QTest::newRow("1.3 file: codes 10 and 12 raised, up to the count")
         << fileOf(modes + modesItems(6, QByteArray("\x09\x0a\x0c\x00\xfd\x7f\x0a", 7)), '3')
         << "ok | 0 sets view 0-0 (0) flags 3 modes+ i60: 9 11 13 0 -3 -128 10";
