@@ -18,6 +18,8 @@ using namespace qv;
 
 namespace {
 
+QString data(const QString &name) { return qEnvironmentVariable("QV_TEST_DATA") + QStringLiteral("/project/") + name; }
+
 // Two data sets of ten samples a minute apart; the range holds samples 1..9
 // and sample 3 of the humidity is missing.
 bool saveSample(const QString &path)
@@ -55,41 +57,18 @@ private slots:
     void runs();
 };
 
+// The runs in cli-runs.txt: usage errors, read and write failures, the
+// output names refused or changed, the bytes written and what info prints.
 void TestCli::runs_data()
 {
-    // In the folder: in.qvj and in.bak (projects), link.qvj (a symbolic link
-    // to in.qvj), hard.qvj (a hard link to it), data.csv, bad.qvj (no project),
-    // damaged.qvj. "@" stands for the folder.
     QTest::addColumn<QString>("arguments");
-    // Exit code, first line of stderr, then each new file: " (bad)" when it
-    // does not load, " (differs)" when the desktop program's Open and Save of
-    // in.qvj would write other bytes, and its changed time unless it is now.
     QTest::addColumn<QString>("expected");
-    QTest::newRow("nothing") << "" << "2 no command given";
-    QTest::newRow("unknown command") << "show @in.qvj" << "2 unknown command: show";
-    QTest::newRow("convert without output") << "convert @in.qvj" << "2 convert needs -o OUTPUT";
-    QTest::newRow("no input") << "info" << "2 no input file given";
-    QTest::newRow("two inputs") << "info @in.qvj @in.bak" << "2 more than one input file given";
-    QTest::newRow("bad type") << "info --type xls @in.qvj" << "2 unknown type: xls";
-    QTest::newRow("unknown option") << "info --fast @in.qvj" << "2 unknown option: --fast";
-    QTest::newRow("json is for info") << "convert --json @in.qvj -o @b.qvj" << "2 unknown option: --json";
-    QTest::newRow("unknown extension") << "info @data.txt" << "2 cannot tell the kind of @data.txt; name it with --type";
-    QTest::newRow("bad changed time") << "convert --changed-time soon @in.qvj -o @b.qvj"
-                                      << "2 --changed-time needs a number of seconds";
-    QTest::newRow("missing file") << "info @none.qvj" << "1 Error reading file!";
-    QTest::newRow("not a project") << "convert @bad.qvj -o @out.qvj" << "1 File is no Quorvanta project!";
-    QTest::newRow("damaged project") << "info @damaged.qvj" << "1 Error in Quorvanta project!";
-    QTest::newRow("write error") << "convert @in.qvj -o @no/such/x.qvj" << "1 Error while writing file!";
-    QTest::newRow("output is the input") << "convert --type qvj @in.qvj -o @in.qvj" << "1 would overwrite";
-    QTest::newRow("through a symbolic link") << "convert @in.qvj -o @link.qvj" << "1 would overwrite";
-    QTest::newRow("through a hard link") << "convert @in.qvj -o @hard.qvj" << "1 would overwrite";
-    QTest::newRow("backup would be the input") << "convert --type qvj @in.bak -o @in.qvj" << "1 would overwrite";
-    QTest::newRow("sampling file as output") << "convert @in.qvj -o @data.csv" << "0  +data.csv.qvj";
-    QTest::newRow("no extension") << "convert @in.qvj -o @out" << "0  +out.qvj";
-    QTest::newRow("changed time given") << "convert --changed-time 1700000000 @in.qvj -o @b.qvj"
-                                        << "0  +b.qvj at 1700000000";
-    QTest::newRow("info") << "info @in.qvj" << "0 ";  // stdout as in info-two-sets-one-value-missing.txt
-    QTest::newRow("upper case extension") << "convert @in.qvj -o @OUT.QVJ" << "0  +OUT.QVJ";
+    const QString table = QString::fromUtf8(qvtest::readFile(data(QStringLiteral("cli-runs.txt"))));
+    for (const QString &line : table.split(QLatin1Char('\n'))) {
+        const QStringList c = line.split(QStringLiteral(" | "));
+        if (c.size() == 3 && !line.startsWith(QLatin1Char('#')))
+            QTest::newRow(qPrintable(c.at(2))) << c.at(0) << c.at(1);
+    }
 }
 
 void TestCli::runs()
@@ -111,15 +90,12 @@ void TestCli::runs()
 
     const qvtest::ProgramRun r = qvtest::runProgram(
         QStringLiteral(QV_CLI_PATH), QString(arguments).replace(QLatin1Char('@'), at).split(QLatin1Char(' '), Qt::SkipEmptyParts));
-    QString err = QString::fromUtf8(r.err).replace(at, QStringLiteral("@")).remove(QStringLiteral("quorvanta-cli: "));
-    if (err.contains(QStringLiteral("would overwrite the input file")))
-        err = QStringLiteral("would overwrite");
+    const QString err = QString::fromUtf8(r.err).replace(at, QStringLiteral("@")).remove(QStringLiteral("quorvanta-cli: "));
     QString found = QStringLiteral("%1 %2").arg(r.exitCode).arg(err.section(QLatin1Char('\n'), 0, 0));
     QVERIFY(err.contains(QStringLiteral("Usage:")) == (r.exitCode == 2));
     QCOMPARE(QString::fromUtf8(r.out).replace(at, QStringLiteral("@/")),
              QString::fromUtf8(arguments.startsWith(QLatin1String("info @")) && r.exitCode == 0
-                                   ? qvtest::readFile(qEnvironmentVariable("QV_TEST_DATA") +
-                                                      QStringLiteral("/project/info-two-sets-one-value-missing.txt"))
+                                   ? qvtest::readFile(data(QStringLiteral("info-two-sets-one-value-missing.txt")))
                                    : QByteArray()));
     for (int i = 0; i < before.size(); ++i)  // no file that was there changes
         QV_COMPARE_BYTES(qvtest::readFile(at + before.at(i)), bytesBefore.at(i));
