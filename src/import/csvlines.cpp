@@ -38,14 +38,13 @@ ByteView ByteView::upToZero() const
 }
 
 LineReader::LineReader(QIODevice &device, qsizetype maxLineBytes)
-    : m_device(device), m_maxLine(qMax<qsizetype>(1, maxLineBytes)),
-      m_buffer(std::size_t(m_maxLine + 1 + kBlockSize))
+    : m_device(device), m_maxLine(qMax<qsizetype>(1, maxLineBytes))
 {
 }
 
 // Moves the unread bytes (less than one line) to the front and reads the next
-// block behind them. The buffer holds one block more than the longest line,
-// so it never grows with the input. False when nothing more arrives.
+// block behind them. The buffer never grows beyond one block more than the
+// longest line, whatever the input. False when nothing more arrives.
 bool LineReader::fill()
 {
     if (m_atEnd)
@@ -55,9 +54,13 @@ bool LineReader::fill()
         m_end -= m_begin;
         m_begin = 0;
     }
-    const std::size_t room = std::size_t(m_maxLine + 1 + kBlockSize);
-    if (m_buffer.size() < room)
-        m_buffer.resize(room);
+    // One block more than the longest line, but no more than a file still
+    // holds: a small file costs a small buffer.
+    qsizetype room = m_maxLine + 1 + kBlockSize;
+    if (!m_device.isSequential())
+        room = qMin<qsizetype>(room, m_end + qMax<qint64>(0, m_device.size() - m_device.pos()) + 1);
+    if (qsizetype(m_buffer.size()) < room)
+        m_buffer.resize(std::size_t(room));
     const qint64 got = m_device.read(m_buffer.data() + m_end, qint64(m_buffer.size()) - m_end);
     if (got <= 0) {
         m_atEnd = true;
