@@ -49,8 +49,7 @@ double cpuMs()
 
 // Wall time and processor time of this process: on a machine shared with
 // builds the processor time tells what the step itself costs.
-template <typename F>
-void report(const char *label, F &&work, int runs = kRuns)
+template <typename F> void report(const char *label, F &&work, int runs = kRuns)
 {
     std::vector<double> wall, cpu;
     for (int i = 0; i < runs; ++i) {
@@ -103,8 +102,8 @@ int main(int argc, char *argv[])
     const int group = qv::g_groupSize(model.settings.rangeSampleCount, false, model.settings.lineType);
     report("reduction of 16 data sets (core only)", [&] {
         for (int i = 0; i < 16; ++i)
-            qv::g_reduceSamples(*model.data(i), *model.modeCodes(), model.settings.rangeBegin,
-                                model.settings.rangeEnd, group, *model.displayData(), *model.displayModeCodes());
+            qv::g_reduceSamples(*model.data(i), *model.modeCodes(), model.settings.rangeBegin, model.settings.rangeEnd,
+                                group, *model.displayData(), *model.displayModeCodes());
     });
     report("rebuild (m_displayChart)", [&] { widget->m_displayChart(widget.get(), false); });
     report("rebuild + release of the previous chart", [&] {
@@ -118,9 +117,8 @@ int main(int argc, char *argv[])
         box(7)->click();
         releaseDeferred();
     });
-    report("legend statistics (m_setMinMaxAvg)", [&] {
-        widget->m_setMinMaxAvg(widget->chart(), model.settings.rangeBegin, model.settings.rangeEnd);
-    });
+    report("legend statistics (m_setMinMaxAvg)",
+           [&] { widget->m_setMinMaxAvg(widget->chart(), model.settings.rangeBegin, model.settings.rangeEnd); });
     model.settings.lineType = 2;
     report("rebuild, spline chart", [&] {
         widget->m_displayChart(widget.get(), false);
@@ -137,7 +135,8 @@ int main(int argc, char *argv[])
         m.code[k] = (k / 128) % 3 == 0 ? 12 : 5;
     widget->m_displayChart(widget.get(), false);
     releaseDeferred();
-    report("paint, state changing every 128 samples", [&] { widget->grab(); }, 1);
+    report(
+        "paint, state changing every 128 samples", [&] { widget->grab(); }, 1);
     synthesiseStates(model);
 
     QtCharts::QChartView printView;

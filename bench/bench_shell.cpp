@@ -103,8 +103,7 @@ int main(int argc, char *argv[])
             window.s_openProject(sample);
             QCoreApplication::processEvents();
             std::printf("start %s start screen: window built %lld ms, project shown %lld ms (%s)\n",
-                        startScreen ? "with" : "without", built, t.elapsed(),
-                        window.m_chart() ? "loaded" : "FAILED");
+                        startScreen ? "with" : "without", built, t.elapsed(), window.m_chart() ? "loaded" : "FAILED");
             window.setWindowModified(false);
         }
         std::printf("  (process start to here: %lld ms)\n", sinceStart.elapsed());

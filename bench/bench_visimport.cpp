@@ -23,11 +23,15 @@ QByteArray padded(const char *text, int width)
 
 QByteArray makeFile(int lines)
 {
-    QByteArray f = "\n" + padded("vaporix-VIS Benchmark", 48) + '\n' + padded("Keller", 16) + '\n' +
-                   padded("V", 83) + '\n' + "8.0;16.0;2.0;55;70;1.5;1.0;00;0;0:10:00\n" + "x\n" +
-                   padded("a;b;c;d;e;f;g;h;i", 191) + '\n';
+    QByteArray f = "\n" + padded("vaporix-VIS Benchmark", 48) + '\n' + padded("Keller", 16) + '\n' + padded("V", 83) +
+                   '\n' + "8.0;16.0;2.0;55;70;1.5;1.0;00;0;0:10:00\n" + "x\n" + padded("a;b;c;d;e;f;g;h;i", 191) + '\n';
     f.reserve(f.size() + lines * 64);
-    static const char *const states[] = {"OPTIMAL   ", "L\xDC" "FTEN EIN", "L\xDC" "FTEN AUS", "ZU KALT   "};
+    static const char *const states[] = {"OPTIMAL   ",
+                                         "L\xDC"
+                                         "FTEN EIN",
+                                         "L\xDC"
+                                         "FTEN AUS",
+                                         "ZU KALT   "};
     QDate day(2019, 1, 1);
     char line[128];
     for (int k = 0; k < lines; ++k) {
@@ -35,9 +39,9 @@ QByteArray makeFile(int lines)
         if (k > 0 && clock == 0)
             day = day.addDays(1);
         const double wave = std::sin(k * 0.0436);
-        std::snprintf(line, sizeof line, "%02d.%02d.%04d;%02d:%02d;%5.1f;%3.0f;%4.1f;%5.1f;%3.0f;%4.1f;%s\n",
-                      day.day(), day.month(), day.year(), clock / 60, clock % 60, 12 + wave, 62 + 5 * wave,
-                      8.1 + wave, 4 + 6 * wave, 80 - 10 * wave, 5.2 + wave, states[k / 97 % 4]);
+        std::snprintf(line, sizeof line, "%02d.%02d.%04d;%02d:%02d;%5.1f;%3.0f;%4.1f;%5.1f;%3.0f;%4.1f;%s\n", day.day(),
+                      day.month(), day.year(), clock / 60, clock % 60, 12 + wave, 62 + 5 * wave, 8.1 + wave,
+                      4 + 6 * wave, 80 - 10 * wave, 5.2 + wave, states[k / 97 % 4]);
         f += line;
     }
     return f;

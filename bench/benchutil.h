@@ -30,8 +30,7 @@ inline void resetPeak()
         f.write("5");
 }
 
-template <typename F>
-double seconds(F &&work)
+template <typename F> double seconds(F &&work)
 {
     QElapsedTimer timer;
     timer.start();

@@ -8,12 +8,12 @@
 namespace qv {
 
 struct SynthOptions {
-    int dataSets = 6;            // 1..16
-    int samples = 4032;          // per data set
+    int dataSets = 6;                // 1..16
+    int samples = 4032;              // per data set
     qint64 startMs = 1761955200000;  // 2025-11-01 00:00 UTC
     int intervalSeconds = 600;
     quint32 seed = 20251101;
-    double gapRate = 0.001;      // share of samples without a value
+    double gapRate = 0.001;  // share of samples without a value
 };
 
 // Fills names, units, decimals, axis ranges, times and values of the model.

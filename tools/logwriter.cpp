@@ -65,8 +65,8 @@ QByteArray file(const LogLayout &layout)
     std::vector<char> words(size_t(layout.words.size()) * 4);
     for (int k = 0; k < layout.words.size(); ++k)
         put32(words.data(), 4 * k, layout.words[k]);
-    return (layout.magic.isNull() ? magic() : layout.magic) + header(layout)
-           + QByteArray(words.data(), int(words.size()));
+    return (layout.magic.isNull() ? magic() : layout.magic) + header(layout) +
+           QByteArray(words.data(), int(words.size()));
 }
 
 quint32 floatWord(float value)

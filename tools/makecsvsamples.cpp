@@ -133,10 +133,10 @@ QByteArray warehouse()
         const bool working = m / 1440 % 7 < 5 && hour >= 6 && hour < 17;
         const double target = working ? 14 : 10;
         inside += (o.temperature - inside) * 0.004 + (inside < target ? 0.06 : 0) + 0.01 * noise.centred();
-        const double insideRelative =
-            qBound(30.0, relativeFromAbsolute(inside, absoluteHumidity(o.temperature, o.relative) * 0.9 + 0.6) +
-                             noise.centred(),
-                   95.0);
+        const double insideRelative = qBound(
+            30.0,
+            relativeFromAbsolute(inside, absoluteHumidity(o.temperature, o.relative) * 0.9 + 0.6) + noise.centred(),
+            95.0);
         QByteArrayList row{stamp(first, m), number(inside, 2), number(insideRelative, 1), number(o.temperature, 2),
                            number(o.relative, 1)};
         // Dropouts: the outside probe on day 9 for three hours, the inside
@@ -215,17 +215,16 @@ int main(int argc, char *argv[])
     if (!dir.mkpath(QStringLiteral(".")))
         return 1;
     const Cellar c = cellar();
-    const bool ok =
-        write(dir, QStringLiteral("ventimar-lager.csv"), warehouse()) &&
-        write(dir, QStringLiteral("vaporix-keller_TS01.csv"), c.sensors) &&
-        write(dir, QStringLiteral("vaporix-keller_TS02.csv"), c.states) &&
-        write(dir, QStringLiteral("vaporix-keller_TS03.csv"),
-              "PARAMETER\nDatum Zeit;Nr;Feuchte min;Feuchte max;Temp min;Temp max;Frostschutz;Regelzeit;"
-              "Hyst ein;Hyst aus;Offs TI;Offs TA;Offs FI;Offs FA;P2;P3;P4\n"
-              "01.03.2025 10:12:00;1;55;75;4;16;2;10;1.5;0.5;0;0;0;0;1;0;2\n"
-              "03.03.2025 08:47:00;2;55;72;5;15;2;15;1.5;0.5;-0.3;0.2;1.5;-2;1;0;2\n") &&
-        write(dir, QStringLiteral("vaporix-keller_TS04.csv"),
-              "PARAMETER SDKARTE\nDatum Zeit;Intervall;Karte;Format;Frei;Frei;Frei;Frei;Frei\n"
-              "03.03.2025 08:47:00;300;1;0;0;0;0;0;0\n");
+    const bool ok = write(dir, QStringLiteral("ventimar-lager.csv"), warehouse()) &&
+                    write(dir, QStringLiteral("vaporix-keller_TS01.csv"), c.sensors) &&
+                    write(dir, QStringLiteral("vaporix-keller_TS02.csv"), c.states) &&
+                    write(dir, QStringLiteral("vaporix-keller_TS03.csv"),
+                          "PARAMETER\nDatum Zeit;Nr;Feuchte min;Feuchte max;Temp min;Temp max;Frostschutz;Regelzeit;"
+                          "Hyst ein;Hyst aus;Offs TI;Offs TA;Offs FI;Offs FA;P2;P3;P4\n"
+                          "01.03.2025 10:12:00;1;55;75;4;16;2;10;1.5;0.5;0;0;0;0;1;0;2\n"
+                          "03.03.2025 08:47:00;2;55;72;5;15;2;15;1.5;0.5;-0.3;0.2;1.5;-2;1;0;2\n") &&
+                    write(dir, QStringLiteral("vaporix-keller_TS04.csv"),
+                          "PARAMETER SDKARTE\nDatum Zeit;Intervall;Karte;Format;Frei;Frei;Frei;Frei;Frei\n"
+                          "03.03.2025 08:47:00;300;1;0;0;0;0;0;0\n");
     return ok ? 0 : 1;
 }

@@ -134,8 +134,9 @@ qvlog::LogLayout parameterSpec()
     s.rows = 2;
     s.startTime = kFirstRowTime;
     // Humidity in 1/200 %, temperatures in 1/100 °C, offsets in 1/200.
-    s.words = {0, 8000, 12000, 800, 2200, 300, 15, 200, 100, 0, 0, 0, 0, 1, 0, 0,
-               1, 9000, 13000, 1000, 2400, 300, 20, 250, 150, 50, quint32(-30), 40, quint32(-20), 1, 2, 0};
+    s.words = {
+        0,    8000, 12000, 800, 2200, 300, 15,           200, 100,          0, 0, 0, 0, 1, 0, 0, 1, 9000, 13000, 1000,
+        2400, 300,  20,    250, 150,  50,  quint32(-30), 40,  quint32(-20), 1, 2, 0};
     s.words.resize(16 * 8);
     return s;
 }

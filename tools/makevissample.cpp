@@ -111,9 +111,11 @@ int main(int argc, char **argv)
         else if (insideRelative <= 70 && insideRelative >= 55)
             state = "OPTIMAL   ";
         else if ((airing = outsideWater < insideWater - 1.0))
-            state = "L\xDC" "FTEN EIN";
+            state = "L\xDC"
+                    "FTEN EIN";
         else
-            state = "L\xDC" "FTEN AUS";
+            state = "L\xDC"
+                    "FTEN AUS";
 
         // The cellar follows the weather slowly; airing exchanges its air.
         const double exchange = airing ? 0.08 : 0.004;
@@ -130,12 +132,12 @@ int main(int argc, char **argv)
                           outsideWater, state);
         } else if (sensorOutFault) {
             std::snprintf(line, sizeof line, "%02d.%02d.%04d;%02d:%02d;%5.1f;%3.0f;%4.1f; --.-;---;--.-;%s\n",
-                          day.day(), day.month(), day.year(), clock / 60, clock % 60, inside + noiseIn,
-                          insideRelative, insideWater, state);
+                          day.day(), day.month(), day.year(), clock / 60, clock % 60, inside + noiseIn, insideRelative,
+                          insideWater, state);
         } else {
             std::snprintf(line, sizeof line, "%02d.%02d.%04d;%02d:%02d;%5.1f;%3.0f;%4.1f;%5.1f;%3.0f;%4.1f;%s\n",
-                          day.day(), day.month(), day.year(), clock / 60, clock % 60, inside + noiseIn,
-                          insideRelative, insideWater, outside, outsideRelative, outsideWater, state);
+                          day.day(), day.month(), day.year(), clock / 60, clock % 60, inside + noiseIn, insideRelative,
+                          insideWater, outside, outsideRelative, outsideWater, state);
         }
         out += line;
     }

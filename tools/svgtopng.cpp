@@ -37,8 +37,8 @@ int main(int argc, char *argv[])
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         renderer.render(&painter);
         painter.end();
-        const QString out = args.at(1) + QLatin1Char('/') + QFileInfo(args.at(i)).completeBaseName() +
-                            QStringLiteral(".png");
+        const QString out =
+            args.at(1) + QLatin1Char('/') + QFileInfo(args.at(i)).completeBaseName() + QStringLiteral(".png");
         if (!image.save(out, "PNG")) {
             err << "cannot write " << out << '\n';
             return 1;

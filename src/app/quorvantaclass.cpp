@@ -17,12 +17,8 @@
 const char *const QuorvantaClass::kVersion = "1.8.100";
 
 QuorvantaClass::QuorvantaClass(const QString &appDir, QWidget *parent, bool showStartScreen)
-    : QMainWindow(parent),
-      ui(std::make_unique<Ui_Quorvanta>()),
-      appDir(appDir),
-      zoom(qv::kZoomFitPage),
-      appTranslator(new QTranslator(this)),
-      qtTranslator(new QTranslator(this))
+    : QMainWindow(parent), ui(std::make_unique<Ui_Quorvanta>()), appDir(appDir), zoom(qv::kZoomFitPage),
+      appTranslator(new QTranslator(this)), qtTranslator(new QTranslator(this))
 {
     qv::g_initResources();
     std::unique_ptr<StartScreenClass> startScreen;

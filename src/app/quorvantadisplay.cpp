@@ -15,8 +15,7 @@ void QuorvantaClass::s_resizeDisplay()
     }
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    const QSize available(ui->centralWidget->width() - ui->frameData->width() - 14,
-                          ui->centralWidget->height() - 8);
+    const QSize available(ui->centralWidget->width() - ui->frameData->width() - 14, ui->centralWidget->height() - 8);
     const qv::DisplaySize display = qv::g_displaySize(zoom, available, fittedSize);
     if (display.fitted)
         fittedSize = display.size;

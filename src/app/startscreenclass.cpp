@@ -16,8 +16,7 @@ constexpr int kHeight = 300;
 
 StartScreenClass::StartScreenClass(QWidget *parent)
     : QWidget(parent, Qt::FramelessWindowHint | Qt::SplashScreen),
-      picture(QStringLiteral(":/new/prefix1/resources/startscreen.png")),
-      bar(new QProgressBar(this)),
+      picture(QStringLiteral(":/new/prefix1/resources/startscreen.png")), bar(new QProgressBar(this)),
       timer(new QTimer(this))
 {
     setFixedSize(kWidth, kHeight);
@@ -71,8 +70,7 @@ void StartScreenClass::paintEvent(QPaintEvent *)
     title.setPixelSize(34);
     title.setBold(true);
     painter.setFont(title);
-    painter.drawText(QRect(28, 176, kWidth - 56, 44), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("Quorvanta"));
+    painter.drawText(QRect(28, 176, kWidth - 56, 44), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Quorvanta"));
     QFont small = font();
     small.setPixelSize(13);
     painter.setFont(small);

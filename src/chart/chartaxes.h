@@ -16,7 +16,7 @@ class QXYSeries;
 namespace qv {
 
 struct AxisStyle {
-    int fontSize = 1;      // point size of labels and titles
+    int fontSize = 1;       // point size of labels and titles
     bool forPrint = false;  // thicker grid (and time axis line) on paper
 };
 
@@ -33,7 +33,6 @@ void g_addValueAxes(QtCharts::QChart *chart, const settingsT &settings, const QV
                     const QVector<QtCharts::QXYSeries *> &series, const AxisStyle &style);
 
 // The hidden 0..8200 axis on the right that scales the two band areas.
-void g_addBandAxis(QtCharts::QChart *chart, const QVector<QtCharts::QAbstractSeries *> &bands,
-                   const AxisStyle &style);
+void g_addBandAxis(QtCharts::QChart *chart, const QVector<QtCharts::QAbstractSeries *> &bands, const AxisStyle &style);
 
 }  // namespace qv

@@ -40,11 +40,20 @@ FontSizes g_fontSizes(int viewWidth)
 bool g_legendAlignment(quint8 legendPosition, Qt::Alignment &alignment)
 {
     switch (legendPosition) {
-    case 1: alignment = Qt::AlignTop; return true;
-    case 2: alignment = Qt::AlignRight; return true;
-    case 3: alignment = Qt::AlignBottom; return true;
-    case 4: alignment = Qt::AlignLeft; return true;
-    default: return false;
+    case 1:
+        alignment = Qt::AlignTop;
+        return true;
+    case 2:
+        alignment = Qt::AlignRight;
+        return true;
+    case 3:
+        alignment = Qt::AlignBottom;
+        return true;
+    case 4:
+        alignment = Qt::AlignLeft;
+        return true;
+    default:
+        return false;
     }
 }
 

@@ -13,7 +13,10 @@ constexpr qint32 kZoomFitHeight = qint32(0x80000002u);
 constexpr qint32 kZoomFitPage = qint32(0x80000003u);
 constexpr double kSqrt2 = 1.4142135623730951;
 
-constexpr bool g_isFitMode(qint32 zoom) { return zoom < 0; }
+constexpr bool g_isFitMode(qint32 zoom)
+{
+    return zoom < 0;
+}
 
 // The display size mode after "Zoom In" / "Zoom Out".
 qint32 g_zoomIn(qint32 zoom);

@@ -15,8 +15,8 @@ int g_groupSize(qint32 samplesInRange, bool forPrint, quint8 lineType)
     return group;
 }
 
-int g_reduceSamples(const _chartDataType &source, const modeCodesT &modes, qint64 begin, qint64 end,
-                    int groupSize, _chartDataType &out, modeCodesT &outModes)
+int g_reduceSamples(const _chartDataType &source, const modeCodesT &modes, qint64 begin, qint64 end, int groupSize,
+                    _chartDataType &out, modeCodesT &outModes)
 {
     const int n = qBound(0, int(source.count), kMaxSamples);
     const int g = groupSize > 0 ? groupSize : 1;

@@ -29,8 +29,8 @@ int g_groupSize(qint32 samplesInRange, bool forPrint, quint8 lineType);
 // outside the range advance by one. Walking stops at count - g, so the last
 // g samples are never drawn. Returns the number of points, also written to
 // out.count and outModes.count.
-int g_reduceSamples(const _chartDataType &source, const modeCodesT &modes, qint64 begin, qint64 end,
-                    int groupSize, _chartDataType &out, modeCodesT &outModes);
+int g_reduceSamples(const _chartDataType &source, const modeCodesT &modes, qint64 begin, qint64 end, int groupSize,
+                    _chartDataType &out, modeCodesT &outModes);
 
 // The points handed to a series (x = time in ms, y = value): missing points
 // are left out, except that a missing first or last point is drawn at 0.0.

@@ -79,8 +79,8 @@ int g_firstDataSeriesIndex(const settingsT &settings)
     return (settings.flags & kFlagShowModeTrack) ? 2 : 0;
 }
 
-QVector<SeriesName> g_seriesNames(const ChartModel &model, qint64 from, qint64 to,
-                                  const QString &longText, const QString &shortText)
+QVector<SeriesName> g_seriesNames(const ChartModel &model, qint64 from, qint64 to, const QString &longText,
+                                  const QString &shortText)
 {
     QVector<SeriesName> names;
     const int dataSets = model.usedDataSets();

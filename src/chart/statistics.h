@@ -49,7 +49,7 @@ struct SeriesName {
 
 // The legend names of the shown data sets, in slot order, for the window
 // from..to. longText and shortText are the (translated) statistics texts.
-QVector<SeriesName> g_seriesNames(const ChartModel &model, qint64 from, qint64 to,
-                                  const QString &longText, const QString &shortText);
+QVector<SeriesName> g_seriesNames(const ChartModel &model, qint64 from, qint64 to, const QString &longText,
+                                  const QString &shortText);
 
 }  // namespace qv

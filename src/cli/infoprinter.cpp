@@ -34,8 +34,14 @@ QString number(double v, int decimals)
     return QString::number(v, 'f', qBound(0, decimals, 15));
 }
 
-QString name(const settingsT &s, int i) { return g_buffer2QString(s.name[i], kNameWidth); }
-QString unit(const settingsT &s, int i) { return g_buffer2QString(s.unit[i], kUnitWidth); }
+QString name(const settingsT &s, int i)
+{
+    return g_buffer2QString(s.name[i], kNameWidth);
+}
+QString unit(const settingsT &s, int i)
+{
+    return g_buffer2QString(s.unit[i], kUnitWidth);
+}
 
 QString axisText(quint32 flags)
 {
@@ -60,12 +66,12 @@ QString g_infoText(const ChartModel &model, const QString &fileName)
     };
     line(QStringLiteral("File:"), fileName);
     line(QStringLiteral("Title:"), QLatin1Char('"') + g_buffer2QString(s.description, kDescriptionWidth) +
-                                        QLatin1Char('"') +
-                                        ((s.flags & kFlagShowTitle) ? QString() : QStringLiteral(" (hidden)")));
+                                       QLatin1Char('"') +
+                                       ((s.flags & kFlagShowTitle) ? QString() : QStringLiteral(" (hidden)")));
     line(QStringLiteral("Version:"), g_buffer2QString(s.version, 4));
-    line(QStringLiteral("Changed:"), QDateTime::fromSecsSinceEpoch(s.changedTime, Qt::UTC)
-                                             .toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")) +
-                                         QStringLiteral(" UTC"));
+    line(QStringLiteral("Changed:"),
+         QDateTime::fromSecsSinceEpoch(s.changedTime, Qt::UTC).toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")) +
+             QStringLiteral(" UTC"));
     line(QStringLiteral("Chart:"), (s.lineType == 2 ? QStringLiteral("splines") : QStringLiteral("lines")) +
                                        QStringLiteral(", legend ") + legendText(s.legendPosition));
     line(QStringLiteral("Data sets:"), QString::number(s.dataSetCount));
@@ -74,12 +80,11 @@ QString g_infoText(const ChartModel &model, const QString &fileName)
                                        QStringLiteral(" (%1 samples)").arg(s.rangeSampleCount));
     line(QStringLiteral("View:"), timeText(s.viewBegin) + QStringLiteral(" .. ") + timeText(s.viewEnd));
     line(QStringLiteral("Interval:"), QStringLiteral("%1 s").arg(s.sampleInterval));
-    line(QStringLiteral("Mode data:"), s.hasModeData ? QStringLiteral("yes, %1 codes, track %2")
-                                                           .arg(modeCount(model))
-                                                           .arg((s.flags & kFlagShowModeTrack)
-                                                                    ? QStringLiteral("shown")
-                                                                    : QStringLiteral("hidden"))
-                                                     : QStringLiteral("no"));
+    line(QStringLiteral("Mode data:"),
+         s.hasModeData ? QStringLiteral("yes, %1 codes, track %2")
+                             .arg(modeCount(model))
+                             .arg((s.flags & kFlagShowModeTrack) ? QStringLiteral("shown") : QStringLiteral("hidden"))
+                       : QStringLiteral("no"));
     for (int i = 0; i < model.usedDataSets(); ++i) {
         const _chartDataType &d = *model.data(i);
         const int dec = s.decimals[i];

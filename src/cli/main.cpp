@@ -36,8 +36,10 @@ private:
 // True when both names lead to one existing file, through links as well.
 bool sameFile(const QString &a, const QString &b)
 {
-    struct stat sa {};
-    struct stat sb {};
+    struct stat sa {
+    };
+    struct stat sb {
+    };
     return ::stat(QFile::encodeName(a).constData(), &sa) == 0 && ::stat(QFile::encodeName(b).constData(), &sb) == 0 &&
            sa.st_dev == sb.st_dev && sa.st_ino == sb.st_ino;
 }
@@ -71,8 +73,7 @@ int main(int argc, char *argv[])
     const qv::InputType type =
         command.type != qv::InputType::Unknown ? command.type : qv::g_detectInputType(command.input);
     if (type == qv::InputType::Unknown) {
-        QTextStream(stderr) << "quorvanta-cli: cannot tell the kind of " << command.input
-                            << "; name it with --type\n\n"
+        QTextStream(stderr) << "quorvanta-cli: cannot tell the kind of " << command.input << "; name it with --type\n\n"
                             << qv::g_cliUsage();
         return 2;
     }

@@ -17,13 +17,27 @@ qint8 g_controllerState(quint32 a, quint32 b, qint32 c, quint32 d)
     qint8 state = 0;
     if (b == 100) {
         switch (c) {
-        case -1: state = 7; break;
-        case 9: state = 5; break;
-        case 11: state = 2; break;
-        case 12: state = 4; break;
-        case 18: state = 3; break;
-        case 20: state = 6; break;
-        default: state = 12; break;
+        case -1:
+            state = 7;
+            break;
+        case 9:
+            state = 5;
+            break;
+        case 11:
+            state = 2;
+            break;
+        case 12:
+            state = 4;
+            break;
+        case 18:
+            state = 3;
+            break;
+        case 20:
+            state = 6;
+            break;
+        default:
+            state = 12;
+            break;
         }
     } else if (b == 200) {
         state = 11;

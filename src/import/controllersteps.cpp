@@ -12,14 +12,12 @@
 
 namespace qv {
 
-const char *const kMsgSiblingFiles =
-    QT_TRANSLATE_NOOP("QVChartClass", "Error while loading additional vaporix files!");
+const char *const kMsgSiblingFiles = QT_TRANSLATE_NOOP("QVChartClass", "Error while loading additional vaporix files!");
 const char *const kMsgTooManyData =
     QT_TRANSLATE_NOOP("QVChartClass", "File is containing too many data. Please contact Merovin.");
 const char *const kTitleQuestion = QT_TRANSLATE_NOOP("QVChartClass", "Quorvanta");
 const char *const kAskSiblingFiles = QT_TRANSLATE_NOOP(
-    "QVChartClass",
-    "File seems to be part of a vaporix sampling. Try to load the state and settings information too?");
+    "QVChartClass", "File seems to be part of a vaporix sampling. Try to load the state and settings information too?");
 const char *const kSensorTitle = "SENSORWERTE";
 
 namespace {
@@ -54,9 +52,12 @@ const FixedSet kSensorSets[12] = {
 QString unitText(int unit)
 {
     switch (unit) {
-    case kGramPerKilo: return QStringLiteral("g/kg");
-    case kCelsius: return QStringLiteral("\u00B0C");  // 0xB0 0x43 in the Latin-1 field
-    default: return QStringLiteral("%");
+    case kGramPerKilo:
+        return QStringLiteral("g/kg");
+    case kCelsius:
+        return QStringLiteral("\u00B0C");  // 0xB0 0x43 in the Latin-1 field
+    default:
+        return QStringLiteral("%");
     }
 }
 
@@ -72,9 +73,8 @@ struct PlausibilityCheck {
 // In this order. Zone I shares the outside temperature limits and zone II the
 // inside ones.
 const PlausibilityCheck kChecks[12] = {
-    {0, 0.5, 50, 0},  {3, 0.5, 50, 1},  {1, -40, 50, 0},  {4, -10, 50, 1},
-    {2, 5, 100, 0},   {5, 5, 100, 1},   {6, 0.5, 50, 2},  {9, 0.5, 50, 3},
-    {7, -40, 50, 2},  {10, -10, 50, 3}, {8, 5, 100, 2},   {11, 5, 100, 3},
+    {0, 0.5, 50, 0}, {3, 0.5, 50, 1}, {1, -40, 50, 0}, {4, -10, 50, 1},  {2, 5, 100, 0}, {5, 5, 100, 1},
+    {6, 0.5, 50, 2}, {9, 0.5, 50, 3}, {7, -40, 50, 2}, {10, -10, 50, 3}, {8, 5, 100, 2}, {11, 5, 100, 3},
 };
 
 int sampleCount(const _chartDataType &d)

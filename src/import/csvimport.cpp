@@ -191,9 +191,12 @@ FileResult CsvImport::readSiblings(const QString &path)
 {
     SiblingFiles files;
     switch (files.open(g_siblingPaths(path, {"TS01", "TS02", "TS03", "TS04"}))) {
-    case SiblingFiles::Opened: break;
-    case SiblingFiles::Missing: return FileResult();
-    case SiblingFiles::NotRegular: return FileResult::failure(kMsgReadError, FileError::CannotOpen);
+    case SiblingFiles::Opened:
+        break;
+    case SiblingFiles::Missing:
+        return FileResult();
+    case SiblingFiles::NotRegular:
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
     }
     if (!m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
         return FileResult();

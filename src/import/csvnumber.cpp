@@ -12,10 +12,13 @@ namespace {
 constexpr double kExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr int kMaxExactPower = 22;
-constexpr int kMaxDigits = 19;                      // fit into 64 bits without overflow
-constexpr quint64 kMaxExactInteger = 1ull << 53;    // every integer up to here is a double
+constexpr int kMaxDigits = 19;                    // fit into 64 bits without overflow
+constexpr quint64 kMaxExactInteger = 1ull << 53;  // every integer up to here is a double
 
-inline bool digit(char c) { return c >= '0' && c <= '9'; }
+inline bool digit(char c)
+{
+    return c >= '0' && c <= '9';
+}
 
 // The hand conversion; false when the text is not a plain decimal it can do exactly.
 bool plainDecimal(ByteView field, double *value)

@@ -22,11 +22,16 @@ InputType g_inputTypeFromName(const QString &typeName)
 const char *g_inputTypeName(InputType type)
 {
     switch (type) {
-    case InputType::Project: return "qvj";
-    case InputType::ControllerCsv: return "csv";
-    case InputType::ControllerLog: return "log";
-    case InputType::VisCsv: return "vis";
-    case InputType::Unknown: break;
+    case InputType::Project:
+        return "qvj";
+    case InputType::ControllerCsv:
+        return "csv";
+    case InputType::ControllerLog:
+        return "log";
+    case InputType::VisCsv:
+        return "vis";
+    case InputType::Unknown:
+        break;
     }
     return "unknown";
 }

@@ -14,10 +14,19 @@ constexpr qint64 kDayMs = 24 * kHourMs;
 constexpr int kFirstFastYear = 1970;  // the range where QDateTime asks the C library
 constexpr int kLastFastYear = 2037;   // for the offset directly
 
-inline bool digit(char c) { return c >= '0' && c <= '9'; }
-inline int twoDigits(const char *p) { return (p[0] - '0') * 10 + (p[1] - '0'); }
+inline bool digit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+inline int twoDigits(const char *p)
+{
+    return (p[0] - '0') * 10 + (p[1] - '0');
+}
 
-bool leapYear(int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; }
+bool leapYear(int y)
+{
+    return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
+}
 
 int daysInMonth(int y, int m)
 {
@@ -64,8 +73,8 @@ bool steadySpan(qint64 from, bool fromValid, qint64 to, bool toValid, qint64 spa
 
 bool g_parseStrictDate(const char *p, qsizetype size, LocalDateTime *out)
 {
-    if (size != 10 || !digit(p[0]) || !digit(p[1]) || p[2] != '.' || !digit(p[3]) || !digit(p[4]) ||
-        p[5] != '.' || !digit(p[6]) || !digit(p[7]) || !digit(p[8]) || !digit(p[9]))
+    if (size != 10 || !digit(p[0]) || !digit(p[1]) || p[2] != '.' || !digit(p[3]) || !digit(p[4]) || p[5] != '.' ||
+        !digit(p[6]) || !digit(p[7]) || !digit(p[8]) || !digit(p[9]))
         return false;
     const int d = twoDigits(p);
     const int m = twoDigits(p + 3);
@@ -80,8 +89,7 @@ bool g_parseStrictDate(const char *p, qsizetype size, LocalDateTime *out)
 
 bool g_parseStrictTime(const char *p, qsizetype size, bool withSeconds, LocalDateTime *out)
 {
-    if (size != (withSeconds ? 8 : 5) || !digit(p[0]) || !digit(p[1]) || p[2] != ':' || !digit(p[3]) ||
-        !digit(p[4]))
+    if (size != (withSeconds ? 8 : 5) || !digit(p[0]) || !digit(p[1]) || p[2] != ':' || !digit(p[3]) || !digit(p[4]))
         return false;
     int s = 0;
     if (withSeconds) {
@@ -138,8 +146,8 @@ bool LocalTimeCache::toMSecs(const LocalDateTime &t, qint64 *msecs)
 
 qint64 LocalTimeReader::readSlowly(const char *text, qsizetype size) const
 {
-    const QString format = m_format == WithSeconds ? QStringLiteral("dd.MM.yyyy hh:mm:ss")
-                                                   : QStringLiteral("dd.MM.yyyy hh:mm");
+    const QString format =
+        m_format == WithSeconds ? QStringLiteral("dd.MM.yyyy hh:mm:ss") : QStringLiteral("dd.MM.yyyy hh:mm");
     return QDateTime::fromString(QString::fromLatin1(text, int(qMin<qsizetype>(size, INT_MAX))), format)
         .toMSecsSinceEpoch();
 }

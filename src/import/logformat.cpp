@@ -178,9 +178,7 @@ void g_repairOverflow(LogWindow &window, qint32 interval)
 }
 
 LogRing::LogRing(const QByteArray &data, int wordsPerRow, qint32 capacity)
-    : m_data(reinterpret_cast<const uchar *>(data.constData())),
-      m_words(data.size() / 4),
-      m_wordsPerRow(wordsPerRow),
+    : m_data(reinterpret_cast<const uchar *>(data.constData())), m_words(data.size() / 4), m_wordsPerRow(wordsPerRow),
       m_capacity(capacity)
 {
 }

@@ -30,16 +30,16 @@ struct LogDescriptor {
 };
 
 struct LogHeader {
-    QByteArray title;  // up to its first zero byte
-    qint32 count = 0;  // words per row, one per data set
+    QByteArray title;     // up to its first zero byte
+    qint32 count = 0;     // words per row, one per data set
     qint32 capacity = 0;  // highest row index of the ring
     qint32 interval = 0;  // seconds
     qint32 dataSize = 0;  // bytes
     LogDescriptor sets[16];
-    QByteArray names[16];  // up to their first zero byte
+    QByteArray names[16];        // up to their first zero byte
     quint32 timeCorrection = 0;  // seconds added to the start time
-    qint32 oldestOffset = 0;  // byte offset of the oldest row
-    quint32 startTime = 0;  // seconds since 1970
+    qint32 oldestOffset = 0;     // byte offset of the oldest row
+    quint32 startTime = 0;       // seconds since 1970
     quint32 endTime = 0;
     quint32 rows = 0;
 };

@@ -45,7 +45,8 @@ QString existingSpelling(const QString &path)
         return path;
     const QDir folder = info.dir();
     const QString name = info.fileName();
-    for (const QString &entry : folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)) {
+    for (const QString &entry :
+         folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)) {
         if (entry.compare(name, Qt::CaseInsensitive) == 0)
             return folder.filePath(entry);
     }
@@ -113,8 +114,7 @@ FileResult LogImport::readSensorLog(QIODevice &file)
     m_host.progress(20, 255);
     bool complete = false;
     const QByteArray data = g_readLogData(file, m_header.dataSize, &complete);
-    if (!complete &&
-        !m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskFixMissingData)))
+    if (!complete && !m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskFixMissingData)))
         return FileResult::failure(kMsgLogSize, FileError::BadContents);
     m_host.progress(192, 255);
 
@@ -187,9 +187,12 @@ FileResult LogImport::readSiblings(const QString &path)
 {
     SiblingFiles files;
     switch (files.open(siblingPaths(path))) {
-    case SiblingFiles::Opened: break;
-    case SiblingFiles::Missing: return FileResult();
-    case SiblingFiles::NotRegular: return FileResult::failure(kMsgReadError, FileError::CannotOpen);
+    case SiblingFiles::Opened:
+        break;
+    case SiblingFiles::Missing:
+        return FileResult();
+    case SiblingFiles::NotRegular:
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
     }
     if (!m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
         return FileResult();
@@ -255,8 +258,8 @@ bool LogImport::readStateLog(const SiblingLog &log)
     for (qint64 n = 0; n < count; ++n) {
         qint8 state = kStateNoData;
         if (row >= 0 && ring.word(row, 0) != kNoDataRow)
-            state = g_controllerState(ring.word(row, 1), ring.word(row, 2), qint32(ring.word(row, 3)),
-                                      ring.word(row, 4));
+            state =
+                g_controllerState(ring.word(row, 1), ring.word(row, 2), qint32(ring.word(row, 3)), ring.word(row, 4));
         codes.code[n] = state;
         row = ring.next(row);
     }

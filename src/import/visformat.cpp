@@ -19,8 +19,18 @@ struct StateText {
 
 // The gaps in the codes (1, 7, 10, 11) are those of the shared state numbering.
 const StateText kStates[] = {
-    {"FROST     ", 2}, {"ZU KALT   ", 3}, {"ZU WARM   ", 4}, {"OPTIMAL   ", 5},
-    {"L\xDC" "FTEN AUS", 6}, {"ERR INNEN ", 8}, {"ERR AUSSEN", 9}, {"L\xDC" "FTEN EIN", 12},
+    {"FROST     ", 2},
+    {"ZU KALT   ", 3},
+    {"ZU WARM   ", 4},
+    {"OPTIMAL   ", 5},
+    {"L\xDC"
+     "FTEN AUS",
+     6},
+    {"ERR INNEN ", 8},
+    {"ERR AUSSEN", 9},
+    {"L\xDC"
+     "FTEN EIN",
+     12},
 };
 constexpr int kStateBytes = 10;
 
@@ -34,12 +44,9 @@ struct VisSet {
 };
 
 const VisSet kSets[kVisDataSets] = {
-    {"Temperatur Innen", true, nullptr, 1, -15.0, 35.0},
-    {"rel. Feuchte Innen", false, "%", 0, 0.0, 100.0},
-    {"abs. Feuchte Innen", false, "g/kg", 1, 0.0, 20.0},
-    {"Temperatur Aussen", true, nullptr, 1, -15.0, 35.0},
-    {"rel. Feuchte Aussen", false, "%", 0, 0.0, 100.0},
-    {"abs. Feuchte Aussen", false, "g/kg", 1, 0.0, 20.0},
+    {"Temperatur Innen", true, nullptr, 1, -15.0, 35.0}, {"rel. Feuchte Innen", false, "%", 0, 0.0, 100.0},
+    {"abs. Feuchte Innen", false, "g/kg", 1, 0.0, 20.0}, {"Temperatur Aussen", true, nullptr, 1, -15.0, 35.0},
+    {"rel. Feuchte Aussen", false, "%", 0, 0.0, 100.0},  {"abs. Feuchte Aussen", false, "g/kg", 1, 0.0, 20.0},
 };
 
 struct Check {
@@ -122,7 +129,7 @@ void g_storeVisParameters(ChartModel &model, const ByteView *fields)
         p.parameter[kSlot[f]] = numberOrZero(fields[f]);
     const QTime interval = QTime::fromString(latin1(fields[9]), QStringLiteral("h:mm:ss"));
     const qint32 seconds = interval.msecsSinceStartOfDay() / 1000;  // 0 for an invalid time
-    p.intParameter[0] = 1;  // control time, minutes
+    p.intParameter[0] = 1;                                          // control time, minutes
     p.intParameter[3] = 2;
     p.interval = seconds;
     model.settings.sampleInterval = seconds;
@@ -155,8 +162,7 @@ void g_applyVisLayout(settingsT &s)
         const VisSet &v = kSets[i];
         g_qString2Buffer(s.name[i], QLatin1String(v.name), kNameWidth);
         // "°C" is stored as the Latin-1 bytes 0xB0 0x43.
-        g_qString2Buffer(s.unit[i], v.celsius ? QStringLiteral("\u00B0C") : QString(QLatin1String(v.unit)),
-                         kUnitWidth);
+        g_qString2Buffer(s.unit[i], v.celsius ? QStringLiteral("\u00B0C") : QString(QLatin1String(v.unit)), kUnitWidth);
         s.decimals[i] = v.decimals;
         s.valueType[i] = 8;
         s.axisMin[i] = v.axisMin;

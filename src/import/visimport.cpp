@@ -15,8 +15,7 @@
 
 namespace qv {
 
-const char *const kMsgVisLine1 =
-    QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 1 !\nNo vaporix-Vis sampling.");
+const char *const kMsgVisLine1 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 1 !\nNo vaporix-Vis sampling.");
 const char *const kMsgVisLine2 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 2 !");
 const char *const kMsgVisLine3 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 3 !");
 const char *const kMsgVisLine4 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 4 !");
@@ -97,8 +96,7 @@ const char *VisImport::readHeader()
     if (parameters.size != kVisParameterLineBytes)
         return kMsgVisLine5;
     ByteView fields[kFieldRoom];
-    if (g_splitFields(ByteView{parameters.data, parameters.size - 1}, ';', fields, kFieldRoom) !=
-        kVisParameterFields)
+    if (g_splitFields(ByteView{parameters.data, parameters.size - 1}, ';', fields, kFieldRoom) != kVisParameterFields)
         return kMsgVisLine5Fields;
     g_storeVisParameters(m_model, fields);
 

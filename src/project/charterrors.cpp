@@ -9,7 +9,6 @@
 #include <QDialog>
 #include <QtGlobal>
 
-
 namespace {
 
 void releaseDialog(QDialog *dialog)

@@ -61,8 +61,7 @@ bool QVChartClass::m_openProject(QString *file)
     }
     // The progress dialog and the wait cursor appear once the file is known
     // to be a project.
-    qv::ProgressSession progress(mainWindow, tr("Loading project..."), tr(kChartData),
-                                 [this] { m_setWaitCursor(); });
+    qv::ProgressSession progress(mainWindow, tr("Loading project..."), tr(kChartData), [this] { m_setWaitCursor(); });
     const qv::FileResult result = qv::g_loadProjectFile(*chartModel, path, progress.callback());
     if (!result.ok)
         return m_fail(result, progress.take());

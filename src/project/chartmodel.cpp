@@ -13,9 +13,8 @@ namespace qv {
 
 // Entries 6 and 9 are the same blue on purpose.
 const quint32 ChartModel::m_defaultColor[kMaxDataSets] = {
-    0xFF0088CC, 0xFFCC8800, 0xFF00AA00, 0xFF4444CC, 0xFFCC4400, 0xFF448866,
-    0xFF0000CC, 0xFFCC0000, 0xFF00CC00, 0xFF0000CC, 0xFFCC44CC, 0xFF000044,
-    0xFF664400, 0xFF004466, 0xFF440066, 0xFF440000,
+    0xFF0088CC, 0xFFCC8800, 0xFF00AA00, 0xFF4444CC, 0xFFCC4400, 0xFF448866, 0xFF0000CC, 0xFFCC0000,
+    0xFF00CC00, 0xFF0000CC, 0xFFCC44CC, 0xFF000044, 0xFF664400, 0xFF004466, 0xFF440066, 0xFF440000,
 };
 
 namespace {
@@ -23,12 +22,15 @@ namespace {
 // Every store starts on a page of its own, so that emptying it can hand its
 // pages back to the system instead of writing 4 MB of zeros.
 constexpr std::size_t kPage = 4096;
-constexpr std::size_t alignUp(std::size_t n) { return (n + kPage - 1) & ~(kPage - 1); }
+constexpr std::size_t alignUp(std::size_t n)
+{
+    return (n + kPage - 1) & ~(kPage - 1);
+}
 
 constexpr std::size_t kStoreBytes = alignUp(sizeof(_chartDataType));
 constexpr std::size_t kModeBytes = alignUp(sizeof(modeCodesT));
-constexpr std::size_t kBlockBytes = alignUp(
-    (kMaxDataSets + 1) * kStoreBytes + 2 * kModeBytes + sizeof(modeParametersT));
+constexpr std::size_t kBlockBytes =
+    alignUp((kMaxDataSets + 1) * kStoreBytes + 2 * kModeBytes + sizeof(modeParametersT));
 
 // A zero-filled block whose pages are only backed by memory once written.
 void *allocateZeroed()
@@ -81,9 +83,9 @@ void g_initSettings(settingsT &s, quint32 changedTime)
     s.legendPosition = 3;
     s.lineType = 1;
     for (int i = 0; i < kMaxDataSets; ++i) {
-        s.lineFlags[i] = i < 3 ? kLineShown | kLineOwnAxis
-                       : i < 6 ? kLineShown | kLineOwnAxis | kLineAxisRight
-                               : kLineShown;
+        s.lineFlags[i] = i < 3   ? kLineShown | kLineOwnAxis
+                         : i < 6 ? kLineShown | kLineOwnAxis | kLineAxisRight
+                                 : kLineShown;
         s.color[i] = ChartModel::m_defaultColor[i];
         s.lineWidth[i] = 1;
     }

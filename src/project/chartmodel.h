@@ -11,8 +11,7 @@
 #include <cstdint>
 #include <memory>
 
-static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN,
-              "the records are stored as raw little-endian bytes");
+static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the records are stored as raw little-endian bytes");
 
 namespace qv {
 

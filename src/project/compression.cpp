@@ -73,7 +73,8 @@ void g_populate(const void *data, qint64 size, bool forWriting)
 
 qint64 g_zlibBound(qint64 size, int level)
 {
-    std::unique_ptr<libdeflate_compressor, CompressorFree> compressor(libdeflate_alloc_compressor(qBound(1, level, 12)));
+    std::unique_ptr<libdeflate_compressor, CompressorFree> compressor(
+        libdeflate_alloc_compressor(qBound(1, level, 12)));
     return compressor ? qint64(libdeflate_zlib_compress_bound(compressor.get(), size_t(qMax<qint64>(size, 0)))) : -1;
 }
 

@@ -20,11 +20,11 @@ QByteArray g_projectHeader14();
 
 // Message texts (English source texts; the desktop program translates them in
 // the context "QVChartClass").
-extern const char *const kMsgNoProject;      // "File is no Quorvanta project!"
-extern const char *const kMsgDamagedProject; // "Error in Quorvanta project!"
-extern const char *const kMsgReadError;      // "Error reading file!"
-extern const char *const kMsgWriteError;     // "Error while writing file!"
-extern const char *const kMsgProjectInUse;   // "The project is in use by another program!"
+extern const char *const kMsgNoProject;       // "File is no Quorvanta project!"
+extern const char *const kMsgDamagedProject;  // "Error in Quorvanta project!"
+extern const char *const kMsgReadError;       // "Error reading file!"
+extern const char *const kMsgWriteError;      // "Error while writing file!"
+extern const char *const kMsgProjectInUse;    // "The project is in use by another program!"
 
 // What went wrong with a file; the widgets choose their message box by it.
 enum class FileError {

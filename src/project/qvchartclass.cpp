@@ -16,12 +16,9 @@ constexpr int kInfoLabelRow = qv::kMaxDataSets + 1;
 }  // namespace
 
 QVChartClass::QVChartClass(QWidget *mainWindow, QString *projectDir, QString *importDir, QGridLayout *rowGrid)
-    : QtCharts::QChartView(static_cast<QWidget *>(nullptr)),
-      mainWindow(mainWindow),
-      projectDir(projectDir ? *projectDir : QString()),
-      importDir(importDir ? *importDir : QString()),
-      chartModel(std::make_unique<qv::ChartModel>()),
-      settings(chartModel->settings)
+    : QtCharts::QChartView(static_cast<QWidget *>(nullptr)), mainWindow(mainWindow),
+      projectDir(projectDir ? *projectDir : QString()), importDir(importDir ? *importDir : QString()),
+      chartModel(std::make_unique<qv::ChartModel>()), settings(chartModel->settings)
 {
     QWidget *rowParent = rowGrid ? rowGrid->parentWidget() : nullptr;
     const QIcon settingsIcon(QStringLiteral(":/new/prefix1/resources/settings.png"));

@@ -27,7 +27,7 @@ class QLineSeries;
 namespace qv {
 struct FileResult;
 struct ImportKind;
-}
+}  // namespace qv
 
 class QVChartClass : public QtCharts::QChartView
 {

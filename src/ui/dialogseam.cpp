@@ -9,8 +9,8 @@ namespace {
 
 DialogHook *g_hook = nullptr;
 
-QMessageBox::StandardButton showMessage(QWidget *parent, MessageKind kind, const QString &title,
-                                        const QString &text, QMessageBox::StandardButtons buttons)
+QMessageBox::StandardButton showMessage(QWidget *parent, MessageKind kind, const QString &title, const QString &text,
+                                        QMessageBox::StandardButtons buttons)
 {
     if (g_hook)
         return g_hook->message(MessageRecord{kind, title, text, buttons});

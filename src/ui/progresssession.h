@@ -20,8 +20,7 @@ class ProgressSession
 {
 public:
     // onShow runs once, right before the dialog appears (sets the wait cursor).
-    ProgressSession(QWidget *parent, const QString &text, const QString &detail,
-                    std::function<void()> onShow = {});
+    ProgressSession(QWidget *parent, const QString &text, const QString &detail, std::function<void()> onShow = {});
     ~ProgressSession();
     ProgressSession(const ProgressSession &) = delete;
     ProgressSession &operator=(const ProgressSession &) = delete;

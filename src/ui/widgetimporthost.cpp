@@ -6,10 +6,7 @@
 
 namespace qv {
 
-WidgetImportHost::WidgetImportHost(QWidget *parent, ProgressSession &progress)
-    : parent_(parent), progress_(progress)
-{
-}
+WidgetImportHost::WidgetImportHost(QWidget *parent, ProgressSession &progress) : parent_(parent), progress_(progress) {}
 
 bool WidgetImportHost::askYesNo(const QString &title, const QString &question)
 {

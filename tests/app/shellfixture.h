@@ -19,7 +19,10 @@ namespace qvtest {
 void prepareShell(const QTemporaryDir &scratch);
 
 // Runs the pending deleteLater() calls.
-inline void flushDeletions() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+inline void flushDeletions()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 // A main window without the start screen; language as stored (German on a
 // first start).

@@ -24,8 +24,10 @@ namespace {
 // A display size mode: "width", "height", "page" or a percentage.
 qint32 modeOf(const QString &text)
 {
-    return text == QLatin1String("width") ? kZoomFitWidth : text == QLatin1String("height") ? kZoomFitHeight
-           : text == QLatin1String("page") ? kZoomFitPage : text.toInt();
+    return text == QLatin1String("width")    ? kZoomFitWidth
+           : text == QLatin1String("height") ? kZoomFitHeight
+           : text == QLatin1String("page")   ? kZoomFitPage
+                                             : text.toInt();
 }
 
 QSize sizeOf(const QString &text)  // "w h"
@@ -56,7 +58,10 @@ QString applyRule(const QString &rule, const QString &input)
         return QStringLiteral("%1 %2").arg(g_zoomIn(modeOf(f[0]))).arg(g_zoomOut(modeOf(f[0])));
     if (rule == QLatin1String("size")) {  // mode | available | last fitted
         const DisplaySize d = g_displaySize(modeOf(f[0]), sizeOf(f[1]), sizeOf(f[2]));
-        return QStringLiteral("%1 %2%3").arg(d.size.width()).arg(d.size.height()).arg(QLatin1String(d.fitted ? " fitted" : ""));
+        return QStringLiteral("%1 %2%3")
+            .arg(d.size.width())
+            .arg(d.size.height())
+            .arg(QLatin1String(d.fitted ? " fitted" : ""));
     }
     if (rule == QLatin1String("prompt")) {  // "close" or the action | answer | "gone": the save cannot write
         QTemporaryDir dir;
@@ -70,19 +75,23 @@ QString applyRule(const QString &rule, const QString &input)
         if (f[2] == QLatin1String("gone"))
             dir.remove();
         qvtest::ScriptedDialogs dialogs;
-        dialogs.answers << (f[1] == QLatin1String("Yes") ? QMessageBox::Yes
-                            : f[1] == QLatin1String("No") ? QMessageBox::No : QMessageBox::Cancel);
+        dialogs.answers << (f[1] == QLatin1String("Yes")  ? QMessageBox::Yes
+                            : f[1] == QLatin1String("No") ? QMessageBox::No
+                                                          : QMessageBox::Cancel);
         if (f[0] != QLatin1String("close"))
             w->findChild<QAction *>(f[0])->trigger();
         const bool closedSays = f[0] == QLatin1String("close") ? w->s_closeProject() : !w->findChild<QVChartClass *>();
         QStringList out;
         for (const MessageRecord &m : dialogs.messages)
-            out << QLatin1String(m.buttons == (QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel) ? "asked" : "error");
+            out << QLatin1String(m.buttons == (QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel) ? "asked"
+                                                                                                         : "error");
         if (QFile::exists(path) && qvtest::readFile(path) != before)
             out << QStringLiteral("saved");
         const bool closed = !w->findChild<QVChartClass *>();
-        out << QLatin1String(closed ? "closed" : "kept") << QLatin1String(closed == closedSays ? "" : "(says otherwise)")
-            << QLatin1String(w->isWindowModified() ? "modified" : "") << QLatin1String(w->isVisible() ? "" : "window closed")
+        out << QLatin1String(closed ? "closed" : "kept")
+            << QLatin1String(closed == closedSays ? "" : "(says otherwise)")
+            << QLatin1String(w->isWindowModified() ? "modified" : "")
+            << QLatin1String(w->isVisible() ? "" : "window closed")
             << QLatin1String(dialogs.execClasses.isEmpty() ? "" : "chooser");
         out.removeAll(QString());
         return out.join(QLatin1Char(' '));
@@ -110,6 +119,7 @@ private:
 
 void TestApp::rules_data()
 {
+    // clang-format off
     QTest::addColumn<QString>("input");
     QTest::addColumn<QString>("expected");
     QTest::newRow("recent: new goes first") << "a|b" << "b a";
@@ -141,6 +151,7 @@ void TestApp::rules_data()
     QTest::newRow("prompt: window, No closes it") << "actionExit|No|" << "asked closed window closed";
     QTest::newRow("prompt: window, Cancel keeps it open") << "actionExit|Cancel|" << "asked kept modified";
     QTest::newRow("prompt: new project, Cancel: no chooser") << "actionNew|Cancel|" << "asked kept modified";
+    // clang-format on
 }
 
 void TestApp::rules()
@@ -156,7 +167,8 @@ void TestApp::everyNamedResourceExists()
 {
     const QRegularExpression pattern(QStringLiteral(":/new/prefix1/resources/[A-Za-z0-9_.\\-]+"));
     QStringList named, bad;
-    QDirIterator it(QStringLiteral(QV_SOURCE_DIR "/src"), QStringList{QStringLiteral("*.cpp"), QStringLiteral("*.h"), QStringLiteral("*.ui")}, QDir::Files,
+    QDirIterator it(QStringLiteral(QV_SOURCE_DIR "/src"),
+                    QStringList{QStringLiteral("*.cpp"), QStringLiteral("*.h"), QStringLiteral("*.ui")}, QDir::Files,
                     QDirIterator::Subdirectories);
     while (it.hasNext()) {
         QFile file(it.next());
@@ -184,16 +196,17 @@ void TestApp::catalogueIsComplete()
     QVERIFY(QFile::copy(QStringLiteral(QV_SOURCE_DIR "/resources/translations/Quorvanta_de.ts"), copy));
     QProcess lupdate;
     lupdate.setProcessChannelMode(QProcess::MergedChannels);
-    lupdate.start(QStringLiteral(QV_LUPDATE), {QStringLiteral("-silent"), QStringLiteral("-locations"),
-                                               QStringLiteral("none"), QStringLiteral(QV_SOURCE_DIR "/src"),
-                                               QStringLiteral("-ts"), copy});
+    lupdate.start(QStringLiteral(QV_LUPDATE),
+                  {QStringLiteral("-silent"), QStringLiteral("-locations"), QStringLiteral("none"),
+                   QStringLiteral(QV_SOURCE_DIR "/src"), QStringLiteral("-ts"), copy});
     QVERIFY(lupdate.waitForFinished(120000));
     QVERIFY2(lupdate.exitCode() == 0, lupdate.readAll().constData());
     const QString updated = QString::fromUtf8(qvtest::readFile(copy));
     QVERIFY(updated.count(QLatin1String("<translation>")) > 80);  // finished texts still in the sources
     QStringList open;
     for (const QString &message : updated.split(QLatin1String("<message"))) {
-        if (message.contains(QLatin1String("type=\"unfinished\"")) || message.contains(QLatin1String("<translation></")))
+        if (message.contains(QLatin1String("type=\"unfinished\"")) ||
+            message.contains(QLatin1String("<translation></")))
             open << message.section(QLatin1String("<source>"), 1).section(QLatin1String("</source>"), 0, 0);
     }
     QVERIFY2(open.isEmpty(), qPrintable(open.join(QLatin1Char('\n'))));

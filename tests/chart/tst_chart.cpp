@@ -27,7 +27,10 @@ using namespace qv;
 namespace {
 
 const qint64 kStart = 1700000000000, kMinute = 60000;
-qint64 minute(int k) { return kStart + k * kMinute; }
+qint64 minute(int k)
+{
+    return kStart + k * kMinute;
+}
 
 // Space-separated numbers; "M" is a missing value, "*" the widest bound.
 QVector<double> nums(const QString &text)
@@ -54,7 +57,10 @@ QVector<double> tens(int count)  // 0, 10, 20, ...
     return t;
 }
 
-QString number(double v) { return v == kMissingValue ? QStringLiteral("M") : QString::number(v, 'g', 17); }
+QString number(double v)
+{
+    return v == kMissingValue ? QStringLiteral("M") : QString::number(v, 'g', 17);
+}
 
 // Data sets "Set i" (unit "u<i>", i mod 3 decimals, axis -i..100+i), one
 // sample a minute, value 10 i + (k mod 20) / 2; the whole range selected.
@@ -115,13 +121,19 @@ QString buildText(ChartModel &model)
             described << QStringLiteral("wrong band lines or data series");
         auto *y = qobject_cast<QValueAxis *>(b.chart->axes(Qt::Vertical, s).value(0));
         const bool line = s->type() == QAbstractSeries::SeriesTypeLine;
-        described << QStringList{QLatin1String(area ? "area" : line ? "line" : "spline"), y->titleText(),
+        described << QStringList{QLatin1String(area   ? "area"
+                                               : line ? "line"
+                                                      : "spline"),
+                                 y->titleText(),
                                  QStringLiteral("%1..%2").arg(y->min()).arg(y->max()),
-                                 QLatin1String(y->alignment() == Qt::AlignRight ? "R" : "L"), y->labelFormat(),
-                                 QLatin1String(y->isVisible() ? "" : "hidden"), QLatin1String(y->isGridLineVisible() ? "grid" : ""),
+                                 QLatin1String(y->alignment() == Qt::AlignRight ? "R" : "L"),
+                                 y->labelFormat(),
+                                 QLatin1String(y->isVisible() ? "" : "hidden"),
+                                 QLatin1String(y->isGridLineVisible() ? "grid" : ""),
                                  QLatin1String(b.chart->axes(Qt::Horizontal, s).isEmpty() ? "" : "T"),
                                  QLatin1String(b.chart->legend()->markers(s).value(0)->isVisible() ? "" : "-")}
-                         .join(QLatin1Char(' ')).simplified();
+                         .join(QLatin1Char(' '))
+                         .simplified();
     }
     delete b.upperBand;
     delete b.lowerBand;
@@ -148,8 +160,10 @@ QString applyRule(const QString &rule, const QString &input)
             return QStringLiteral("stored counts differ");
         QStringList out{QString::number(n)};
         for (int j = 0; j < n; ++j)
-            out << QStringLiteral("(%1 %2 %3)").arg(model->displayData()->time[j]).arg(
-                       number(model->displayData()->value[j]), QString::number(model->displayModeCodes()->code[j]));
+            out << QStringLiteral("(%1 %2 %3)")
+                       .arg(model->displayData()->time[j])
+                       .arg(number(model->displayData()->value[j]),
+                            QString::number(model->displayModeCodes()->code[j]));
         return out.join(QLatin1Char(' '));
     }
     if (rule == QLatin1String("stats")) {  // time base (none: 0, 10, ... 40) | values at 0, 10, ... | from to
@@ -158,17 +172,21 @@ QString applyRule(const QString &rule, const QString &input)
         const SampleWindow w = g_statisticsWindow(*model->data(0), qint64(c[0]), qint64(c[1]));
         const SeriesStatistics s = g_seriesStatistics(*model->data(3), w);
         return QStringLiteral("%1..%2").arg(w.first).arg(w.end) +
-               (s.valid ? g_statisticsText(QString::fromUtf8(kShortStatisticsText), s, QStringLiteral("u")) : QString());
+               (s.valid ? g_statisticsText(QString::fromUtf8(kShortStatisticsText), s, QStringLiteral("u"))
+                        : QString());
     }
     if (rule == QLatin1String("names")) {  // flags, data sets | shown sets | values of set 1 | window in samples
         model = makeModel(int(a[1]), 6, b);
-        g_char2Buffer(model->settings.unit[0], "\xB0" "C", kUnitWidth);
+        g_char2Buffer(model->settings.unit[0],
+                      "\xB0"
+                      "C",
+                      kUnitWidth);
         std::copy(c.begin(), c.end(), model->data(1)->value);
         model->settings.flags = quint32(a[0]);
         QStringList got;
-        for (const SeriesName &n : g_seriesNames(*model, minute(int(d[0])), minute(int(d[1])),
-                                                 QString::fromUtf8(kLongStatisticsText),
-                                                 QString::fromUtf8(kShortStatisticsText)))
+        for (const SeriesName &n :
+             g_seriesNames(*model, minute(int(d[0])), minute(int(d[1])), QString::fromUtf8(kLongStatisticsText),
+                           QString::fromUtf8(kShortStatisticsText)))
             got << QStringLiteral("#%1:").arg(n.seriesIndex) + n.name;
         return got.join(QLatin1String(", "));
     }
@@ -203,6 +221,7 @@ private slots:
 
 void TestChart::rules_data()
 {
+    // clang-format off
     QTest::addColumn<QString>("input");
     QTest::addColumn<QString>("expected");
     QTest::newRow("group: 5000 spline") << "5000 0 2" << "12";
@@ -253,6 +272,7 @@ void TestChart::rules_data()
         << "1 1|0 3 0 7"
         << "area 0..8200 R %i hidden T -; area 0..8200 R %i hidden T -; "
            "line u1 -1..101 L %.1f grid T; line u3 -3..103 R %.0f";
+    // clang-format on
 }
 
 void TestChart::rules()
@@ -285,7 +305,8 @@ void TestChart::rowBoxesKeepTheZoomWindow()
     }
     QString rows;
     for (int i = 0; i < 4; ++i)
-        rows += QLatin1Char(bool(s.lineFlags[i] & kLineShown) ? '+' : '-') + QLatin1Char(w.box(i)->isChecked() ? '+' : '-');
+        rows +=
+            QLatin1Char(bool(s.lineFlags[i] & kLineShown) ? '+' : '-') + QLatin1Char(w.box(i)->isChecked() ? '+' : '-');
     QCOMPARE(rows, QStringLiteral("++------"));
     QCOMPARE(w.chart.chart()->series().size(), 1);
     QCOMPARE(s.viewBegin, minute(100));

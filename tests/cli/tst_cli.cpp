@@ -18,7 +18,10 @@ using namespace qv;
 
 namespace {
 
-QString data(const QString &name) { return qEnvironmentVariable("QV_TEST_DATA") + QStringLiteral("/project/") + name; }
+QString data(const QString &name)
+{
+    return qEnvironmentVariable("QV_TEST_DATA") + QStringLiteral("/project/") + name;
+}
 
 // Two data sets of ten samples a minute apart; the range holds samples 1..9
 // and sample 3 of the humidity is missing.
@@ -27,8 +30,13 @@ bool saveSample(const QString &path)
     auto m = std::make_unique<ChartModel>();
     settingsT &s = m->settings;
     s.dataSetCount = 2;
-    g_char2Buffer(s.description, "Weinkeller S\xFC" "d", kDescriptionWidth);
-    const char *names[] = {"Temp In", "Humidity In"}, *units[] = {"\xB0" "C", "%rH"};
+    g_char2Buffer(s.description,
+                  "Weinkeller S\xFC"
+                  "d",
+                  kDescriptionWidth);
+    const char *names[] = {"Temp In", "Humidity In"}, *units[] = {"\xB0"
+                                                                  "C",
+                                                                  "%rH"};
     for (int i = 0; i < 2; ++i) {
         g_char2Buffer(s.name[i], names[i], kNameWidth);
         g_char2Buffer(s.unit[i], units[i], kUnitWidth);
@@ -61,6 +69,7 @@ private slots:
 // output names refused or changed, the bytes written and what info prints.
 void TestCli::runs_data()
 {
+    // clang-format off
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QString>("expected");
     const QString table = QString::fromUtf8(qvtest::readFile(data(QStringLiteral("cli-runs.txt"))));
@@ -69,6 +78,7 @@ void TestCli::runs_data()
         if (c.size() == 3 && !line.startsWith(QLatin1Char('#')))
             QTest::newRow(qPrintable(c.at(2))) << c.at(0) << c.at(1);
     }
+    // clang-format on
 }
 
 void TestCli::runs()
@@ -79,7 +89,8 @@ void TestCli::runs()
     const QString in = dir.filePath(QStringLiteral("in.qvj")), at = dir.path() + QLatin1Char('/');
     QVERIFY(saveSample(in) && saveSample(dir.filePath(QStringLiteral("in.bak"))));
     QVERIFY(QFile::link(in, dir.filePath(QStringLiteral("link.qvj"))));
-    QCOMPARE(::link(QFile::encodeName(in).constData(), QFile::encodeName(at + QStringLiteral("hard.qvj")).constData()), 0);
+    QCOMPARE(::link(QFile::encodeName(in).constData(), QFile::encodeName(at + QStringLiteral("hard.qvj")).constData()),
+             0);
     QVERIFY(qvtest::writeFile(at + QStringLiteral("data.csv"), "Datum;Zeit\n"));
     QVERIFY(qvtest::writeFile(at + QStringLiteral("bad.qvj"), "hello, world"));
     QVERIFY(qvtest::writeFile(at + QStringLiteral("damaged.qvj"), qvtest::item(g_projectHeader14()) + "xxxxx"));
@@ -89,8 +100,10 @@ void TestCli::runs()
         bytesBefore << qvtest::readFile(at + name);
 
     const qvtest::ProgramRun r = qvtest::runProgram(
-        QStringLiteral(QV_CLI_PATH), QString(arguments).replace(QLatin1Char('@'), at).split(QLatin1Char(' '), Qt::SkipEmptyParts));
-    const QString err = QString::fromUtf8(r.err).replace(at, QStringLiteral("@")).remove(QStringLiteral("quorvanta-cli: "));
+        QStringLiteral(QV_CLI_PATH),
+        QString(arguments).replace(QLatin1Char('@'), at).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    const QString err =
+        QString::fromUtf8(r.err).replace(at, QStringLiteral("@")).remove(QStringLiteral("quorvanta-cli: "));
     QString found = QStringLiteral("%1 %2").arg(r.exitCode).arg(err.section(QLatin1Char('\n'), 0, 0));
     QVERIFY(err.contains(QStringLiteral("Usage:")) == (r.exitCode == 2));
     QCOMPARE(QString::fromUtf8(r.out).replace(at, QStringLiteral("@/")),
@@ -103,12 +116,16 @@ void TestCli::runs()
         auto written = std::make_unique<ChartModel>(), opened = std::make_unique<ChartModel>();
         if (before.contains(name))
             continue;
-        const bool loads = g_loadProjectFile(*written, at + name, ProgressFn()).ok && g_loadProjectFile(*opened, in, ProgressFn()).ok;
+        const bool loads =
+            g_loadProjectFile(*written, at + name, ProgressFn()).ok && g_loadProjectFile(*opened, in, ProgressFn()).ok;
         QBuffer desktop;
         desktop.open(QIODevice::WriteOnly);
         const quint32 changed = written->settings.changedTime;
         g_writeProject(*opened, desktop, SaveOptions{changed, 6, 2000, {}});
-        found += QStringLiteral(" +") + name + QLatin1String(!loads ? " (bad)" : desktop.data() != qvtest::readFile(at + name) ? " (differs)" : "") +
+        found += QStringLiteral(" +") + name +
+                 QLatin1String(!loads                                          ? " (bad)"
+                               : desktop.data() != qvtest::readFile(at + name) ? " (differs)"
+                                                                               : "") +
                  (changed + 3600 < g_currentSeconds() ? QStringLiteral(" at %1").arg(changed) : QString());
     }
     QCOMPARE(found, expected);

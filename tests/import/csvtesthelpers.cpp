@@ -59,7 +59,9 @@ QByteArray text(const char *p, int width)
 
 QByteArray number(double v)
 {
-    return qv::g_isMissing(v) ? QByteArray("-") : v == 0 && std::signbit(v) ? QByteArray("-0") : QByteArray::number(v, 'g', 12);
+    return qv::g_isMissing(v)          ? QByteArray("-")
+           : v == 0 && std::signbit(v) ? QByteArray("-0")
+                                       : QByteArray::number(v, 'g', 12);
 }
 
 QByteArray when(qint64 ms)
@@ -78,12 +80,14 @@ QByteArray ImportRun::summary(const char *parts) const
     for (const char *p = parts; *p; ++p) {
         QByteArrayList l;
         if (*p == 'r')
-            out << (result.ok ? QByteArray("ok") : QByteArray(result.message).replace('\n', '/') + (result.critical() ? "!" : ""));
+            out << (result.ok ? QByteArray("ok")
+                              : QByteArray(result.message).replace('\n', '/') + (result.critical() ? "!" : ""));
         if (*p == 't')
             out << "'" + text(s.description, qv::kDescriptionWidth) + "'";
         for (int i = 0; *p == 's' && i < sets; ++i)
-            l << text(s.name[i], qv::kNameWidth) + ':' + QByteArray::number(s.decimals[i]) + ':' + QByteArray::number(s.valueType[i]) +
-                     ':' + QByteArray::number(s.lineFlags[i]) + (m.row[i].enabled ? "E" : "") + (m.row[i].checked ? "C" : "");
+            l << text(s.name[i], qv::kNameWidth) + ':' + QByteArray::number(s.decimals[i]) + ':' +
+                     QByteArray::number(s.valueType[i]) + ':' + QByteArray::number(s.lineFlags[i]) +
+                     (m.row[i].enabled ? "E" : "") + (m.row[i].checked ? "C" : "");
         for (int i = 0; *p == 'a' && i < sets; ++i)
             l << number(s.axisMin[i]) + ".." + number(s.axisMax[i]);
         for (int i = 0; *p == 'v' && i < qv::kMaxDataSets; ++i) {
@@ -94,29 +98,40 @@ QByteArray ImportRun::summary(const char *parts) const
                 l << v.join(' ');
         }
         for (int k = 0; *p == 'x' && k < m.data(0)->count; ++k)
-            l << (k == 0 ? when(m.data(0)->time[0]) : "+" + QByteArray::number((m.data(0)->time[k] - m.data(0)->time[k - 1]) / 1000));
+            l << (k == 0 ? when(m.data(0)->time[0])
+                         : "+" + QByteArray::number((m.data(0)->time[k] - m.data(0)->time[k - 1]) / 1000));
         if (*p == 'g')
-            out << (s.firstTime == 0 ? QByteArray("0") : when(s.firstTime)) + ".." + (s.lastTime == 0 ? QByteArray("0") : when(s.lastTime)) +
+            out << (s.firstTime == 0 ? QByteArray("0") : when(s.firstTime)) + ".." +
+                       (s.lastTime == 0 ? QByteArray("0") : when(s.lastTime)) +
                        " iv=" + QByteArray::number(s.sampleInterval) + " n=" + QByteArray::number(s.rangeSampleCount) +
-                       (s.rangeBegin == s.firstTime && s.viewBegin == s.firstTime && s.rangeEnd == s.lastTime && s.viewEnd == s.lastTime
-                            ? "" : " range?");
+                       (s.rangeBegin == s.firstTime && s.viewBegin == s.firstTime && s.rangeEnd == s.lastTime &&
+                                s.viewEnd == s.lastTime
+                            ? ""
+                            : " range?");
         for (int k = 0; *p == 'm' && k < m.modeCodes()->count; ++k)
             l << QByteArray::number(m.modeCodes()->code[k]);
         if (*p == 'm')
-            out << "modes=" + QByteArray::number(s.hasModeData) + (m.modeBoxVisible ? "V" : "") + (m.modeBoxChecked ? "C" : "") +
-                       " flags=" + QByteArray::number(s.flags) + " [" + l.join(' ') + ']';
+            out << "modes=" + QByteArray::number(s.hasModeData) + (m.modeBoxVisible ? "V" : "") +
+                       (m.modeBoxChecked ? "C" : "") + " flags=" + QByteArray::number(s.flags) + " [" + l.join(' ') +
+                       ']';
         const modeParametersT &b = *m.modeParameters();
         for (int i = 0; *p == 'p' && i < 11; ++i)
             l << number(b.parameter[i]);
         if (*p == 'p')
-            out << "P[" + l.join(' ') + ';' + QByteArray::number(b.intParameter[0]) + ' ' + QByteArray::number(b.intParameter[1]) + ' ' +
-                       QByteArray::number(b.intParameter[2]) + ' ' + QByteArray::number(b.intParameter[3]) + ';' +
-                       QByteArray::number(b.interval) + ']';
+            out << "P[" + l.join(' ') + ';' + QByteArray::number(b.intParameter[0]) + ' ' +
+                       QByteArray::number(b.intParameter[1]) + ' ' + QByteArray::number(b.intParameter[2]) + ' ' +
+                       QByteArray::number(b.intParameter[3]) + ';' + QByteArray::number(b.interval) + ']';
         if (*p == 'q')
             out << "q" + QByteArray::number(host.questions.size()) + "w" + QByteArray::number(host.warnings.size());
         if (std::strchr("savx", *p))
-            out << (*p == 's' ? QByteArray("sets") : *p == 'a' ? QByteArray("axes") : QByteArray(1, *p)) + '[' +
-                       l.join(*p == 'v' ? '|' : *p == 'x' ? ' ' : ',') + ']';
+            out << (*p == 's'   ? QByteArray("sets")
+                    : *p == 'a' ? QByteArray("axes")
+                                : QByteArray(1, *p)) +
+                       '[' +
+                       l.join(*p == 'v'   ? '|'
+                              : *p == 'x' ? ' '
+                                          : ',') +
+                       ']';
     }
     return out.join(' ');
 }

@@ -59,7 +59,8 @@ qvlog::LogLayout ringLog(qint32 capacity, quint32 rows)
 
 QString timeFormat(LocalTimeReader::Format f)
 {
-    return f == LocalTimeReader::WithSeconds ? QStringLiteral("dd.MM.yyyy hh:mm:ss") : QStringLiteral("dd.MM.yyyy hh:mm");
+    return f == LocalTimeReader::WithSeconds ? QStringLiteral("dd.MM.yyyy hh:mm:ss")
+                                             : QStringLiteral("dd.MM.yyyy hh:mm");
 }
 
 }  // namespace
@@ -74,11 +75,13 @@ private slots:
     // not exist or exist twice (CTest runs this with TZ=Europe/Berlin).
     void localTimes_data()
     {
+        // clang-format off
         QTest::addColumn<QDate>("day");
         QTest::newRow("spring 2021") << QDate(2021, 3, 28);
         QTest::newRow("autumn 2021") << QDate(2021, 10, 31);
         QTest::newRow("autumn 1996 (first last-Sunday-of-October)") << QDate(1996, 10, 27);
         QTest::newRow("leap day 2020") << QDate(2020, 2, 29);
+        // clang-format on
     }
 
     void localTimes()
@@ -93,26 +96,33 @@ private slots:
                 const QByteArray t = QDateTime(day, QTime(0, 0)).addSecs(s).toString(timeFormat(format)).toLatin1();
                 // the same wall-clock text again, reached from the hour before (the cache)
                 const QByteArray local = day.toString(QStringLiteral("dd.MM.yyyy ")).toLatin1() +
-                                         QTime(0, 0).addSecs(qMax(s, 0)).toString(QStringLiteral("hh:mm:ss")).toLatin1().left(
-                                             format == LocalTimeReader::WithSeconds ? 8 : 5);
+                                         QTime(0, 0)
+                                             .addSecs(qMax(s, 0))
+                                             .toString(QStringLiteral("hh:mm:ss"))
+                                             .toLatin1()
+                                             .left(format == LocalTimeReader::WithSeconds ? 8 : 5);
                 for (const QByteArray &text : {t, local}) {
-                    const qint64 qt = QDateTime::fromString(QString::fromLatin1(text), timeFormat(format)).toMSecsSinceEpoch();
+                    const qint64 qt =
+                        QDateTime::fromString(QString::fromLatin1(text), timeFormat(format)).toMSecsSinceEpoch();
                     if (reader.read(text.constData(), text.size()) != qt)
                         QFAIL(qPrintable(QStringLiteral("%1 read as %2, QDateTime %3")
-                                             .arg(QLatin1String(text)).arg(reader.read(text.constData(), text.size())).arg(qt)));
+                                             .arg(QLatin1String(text))
+                                             .arg(reader.read(text.constData(), text.size()))
+                                             .arg(qt)));
                 }
             }
         }
         // Odd texts, and one time in every month from the ends of the fast range on.
-        QByteArrayList odd{"31.02.2021 10:00:00", "29.02.2100 10:00:00", "01.13.2021 10:00:00", "01.01.2021 24:00:00",
-                           "01.01.2021 23:59:60", "1.01.2021 10:00:00", "01.01.2021 10:00:00 ", "01.01.+021 10:00:00",
-                           "01.01.2021 -1:00:00", "01.01.0000 10:00:00", "01.01.9999 23:59:59", ""};
+        QByteArrayList odd{"31.02.2021 10:00:00", "29.02.2100 10:00:00", "01.13.2021 10:00:00",  "01.01.2021 24:00:00",
+                           "01.01.2021 23:59:60", "1.01.2021 10:00:00",  "01.01.2021 10:00:00 ", "01.01.+021 10:00:00",
+                           "01.01.2021 -1:00:00", "01.01.0000 10:00:00", "01.01.9999 23:59:59",  ""};
         for (QDate d(1969, 12, 30); d.year() < 2039; d = d.addDays(13))
             odd << d.toString(QStringLiteral("dd.MM.yyyy 23:59:59")).toLatin1();
         for (const QByteArray &t : odd) {
             LocalTimeReader reader(LocalTimeReader::WithSeconds);
             QCOMPARE(reader.read(t.constData(), t.size()),
-                     QDateTime::fromString(QString::fromLatin1(t), timeFormat(LocalTimeReader::WithSeconds)).toMSecsSinceEpoch());
+                     QDateTime::fromString(QString::fromLatin1(t), timeFormat(LocalTimeReader::WithSeconds))
+                         .toMSecsSinceEpoch());
         }
     }
 
@@ -120,11 +130,42 @@ private slots:
     // integer readers against toUInt and toInt.
     void numbers()
     {
-        const char *texts[] = {"-0", "0.1", "2.675", "1.5E-3", "9007199254740993", "12345678901234567890",
-                               "0.1234567890123456789", "2.2250738585072014e-308", "1e-400", "1e400", ".5", "-.5", "5.",
-                               ".", "-", "+1.5", "1..5", "1,5", " 1.5", "1.5 ", "1.5\r", "1 5", "", "inf", "nan", "0x10",
-                               "1e", "1e+", "00012.50", "3131961357", "\xb2", "12\xa0", "4294967296", "-2147483649",
-                               "2147483648", "007"};
+        const char *texts[] = {"-0",
+                               "0.1",
+                               "2.675",
+                               "1.5E-3",
+                               "9007199254740993",
+                               "12345678901234567890",
+                               "0.1234567890123456789",
+                               "2.2250738585072014e-308",
+                               "1e-400",
+                               "1e400",
+                               ".5",
+                               "-.5",
+                               "5.",
+                               ".",
+                               "-",
+                               "+1.5",
+                               "1..5",
+                               "1,5",
+                               " 1.5",
+                               "1.5 ",
+                               "1.5\r",
+                               "1 5",
+                               "",
+                               "inf",
+                               "nan",
+                               "0x10",
+                               "1e",
+                               "1e+",
+                               "00012.50",
+                               "3131961357",
+                               "\xb2",
+                               "12\xa0",
+                               "4294967296",
+                               "-2147483649",
+                               "2147483648",
+                               "007"};
         for (const char *t : texts) {
             const QByteArray text(t);
             bool ok = false, qtOk = false;
@@ -134,7 +175,9 @@ private slots:
             QCOMPARE(g_toUInt(ByteView{text.constData(), text.size()}), text.toUInt());
             QCOMPARE(g_toInt(ByteView{text.constData(), text.size()}), text.toInt());
         }
-        const QByteArray zero("1\0" "5", 3);
+        const QByteArray zero("1\0"
+                              "5",
+                              3);
         QV_COMPARE_DOUBLE(g_toDouble(ByteView{zero.constData(), 3}, nullptr), zero.toDouble());
     }
 
@@ -142,6 +185,7 @@ private slots:
     // values, the end of the data, the time range, axis ranges, failures.
     void csv_data()
     {
+        // clang-format off
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("parts");
         QTest::addColumn<QByteArray>("expected");
@@ -200,6 +244,7 @@ private slots:
         QTest::newRow("zero bytes without a line end") << QByteArray(4 << 20, '\0') << QByteArray("r") << QByteArray("Error in CSV title line 1 !");
         QTest::newRow("a FIFO is refused") << QByteArray("fifo") << QByteArray("rt") << QByteArray("Error reading file!! ''");
         QTest::newRow("a folder is refused") << QByteArray("folder") << QByteArray("rt") << QByteArray("Error reading file!! ''");
+        // clang-format on
     }
 
     void csv()
@@ -239,7 +284,7 @@ private slots:
                        QByteArray::number(m.data(3)->count) + ' ' + QByteArray::number(m.data(3)->value[4]);
         }
         QCOMPARE(got.join('|'), QByteArray("Error reading file! vorher 5 1.5|Error in CSV title line 1 ! vorher 5 1.5|"
-                                            "Error in CSV line 2 !/Too many columns. Neu 5 1.5|ok Neu 0 0"));
+                                           "Error in CSV line 2 !/Too many columns. Neu 5 1.5|ok Neu 0 0"));
     }
 
     // A SENSORWERTE file with its state log, parameters and card parameters
@@ -247,6 +292,7 @@ private slots:
     // sibling and what stays, the state log's start check and sections.
     void csvSiblings_data()
     {
+        // clang-format off
         QTest::addColumn<QStringList>("names");       // main file first
         QTest::addColumn<QByteArrayList>("contents");  // null: committed file, "-": left out, "/": a folder
         QTest::addColumn<bool>("answer");
@@ -290,6 +336,7 @@ private slots:
         QTest::newRow("state 31 s late") << upper << with(1, state + "01.03.2021 10:00:31;0;1;200;0;0\n") << true << QByteArray("rm") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 []");
         QTest::newRow("state 30 s early") << upper << with(1, state + "01.03.2021 09:59:30;0;1;200;0;0\n") << true << QByteArray("rm") << QByteArray("ok modes=1VC flags=3 [11]");
         QTest::newRow("state 31 s early") << upper << with(1, state + "01.03.2021 09:59:29;0;1;200;0;0\n") << true << QByteArray("rm") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 []");
+        // clang-format on
     }
 
     void csvSiblings()
@@ -301,7 +348,8 @@ private slots:
         QFETCH(QByteArray, expected);
         CsvFolder folder;
         for (int i = 0; i < names.size(); ++i) {
-            const QByteArray committed = dataFile(QByteArray("csv/sensor-set/S_TS0" + QByteArray::number(i + 1) + ".CSV").constData());
+            const QByteArray committed =
+                dataFile(QByteArray("csv/sensor-set/S_TS0" + QByteArray::number(i + 1) + ".CSV").constData());
             if (contents[i] == "/")
                 QVERIFY(QDir().mkpath(folder.path(names[i])));
             else if (contents[i] != "-")
@@ -313,14 +361,16 @@ private slots:
     // Running flag, mode, detail and fault of a state entry to its state code.
     void controllerSteps()
     {
-        const int rows[][5] = {{1, 100, 0, 0, 12}, {1, 100, -1, 0, 7}, {1, 100, 9, 0, 5},   {1, 100, 11, 0, 2},
-                               {1, 100, 12, 0, 4}, {1, 100, 18, 0, 3}, {1, 100, 20, 0, 6},  {5, 200, 9, 0, 11},
-                               {1, 150, 9, 0, 0},  {0, 100, 9, 0, 1},  {0, 200, 9, 3, 7},   {1, 100, 20, 1, 7}};
+        const int rows[][5] = {{1, 100, 0, 0, 12}, {1, 100, -1, 0, 7}, {1, 100, 9, 0, 5},  {1, 100, 11, 0, 2},
+                               {1, 100, 12, 0, 4}, {1, 100, 18, 0, 3}, {1, 100, 20, 0, 6}, {5, 200, 9, 0, 11},
+                               {1, 150, 9, 0, 0},  {0, 100, 9, 0, 1},  {0, 200, 9, 3, 7},  {1, 100, 20, 1, 7}};
         for (const auto &r : rows)
             QCOMPARE(int(g_controllerState(uint(r[0]), uint(r[1]), r[2], uint(r[3]))), r[4]);
         // The sibling names: the replacements build on each other along the path.
-        const std::array<QString, 3> p = g_siblingPaths(QStringLiteral("/ts02/a_TS01.csv"), {"TS01", "TS02", "TS03", "TS04"});
-        QCOMPARE(QStringList({p[0], p[1], p[2]}).join(QLatin1Char('|')), QStringLiteral("/ts02/a_TS02.csv|/TS03/a_TS03.csv|/TS04/a_TS04.csv"));
+        const std::array<QString, 3> p =
+            g_siblingPaths(QStringLiteral("/ts02/a_TS01.csv"), {"TS01", "TS02", "TS03", "TS04"});
+        QCOMPARE(QStringList({p[0], p[1], p[2]}).join(QLatin1Char('|')),
+                 QStringLiteral("/ts02/a_TS02.csv|/TS03/a_TS03.csv|/TS04/a_TS04.csv"));
     }
 
     // Each of the twelve sets at its limits and just beyond: an implausible
@@ -333,7 +383,11 @@ private slots:
         ChartModel m;
         for (int set = 0; set < 13; ++set) {
             for (int c = 0; c < 5; ++c) {
-                const double value = set == 12 ? kMissingValue : c == 4 ? kMissingValue : limits[set][c / 2] + (c == 1 ? -0.01 : c == 3 ? 0.01 : 0);
+                const double value = set == 12 ? kMissingValue
+                                     : c == 4  ? kMissingValue
+                                               : limits[set][c / 2] + (c == 1   ? -0.01
+                                                                       : c == 3 ? 0.01
+                                                                                : 0);
                 const int target = set == 12 ? 0 : set;
                 m.reset();
                 m.settings.flags |= c == 4 && set == 11 ? 0 : kFlagShowModeTrack;
@@ -350,11 +404,15 @@ private slots:
                 const bool bad = checked && set < 12 && (c == 1 || c == 3 || (c == 4 && set > 0));
                 for (int i = 0; i < 12; ++i) {
                     const double expected = bad && i / 3 == target / 3 ? kMissingValue
-                                          : i == target              ? value
-                                          : set == 12 && i == 7      ? 99
-                                                                     : plausible[i];
+                                            : i == target              ? value
+                                            : set == 12 && i == 7      ? 99
+                                                                       : plausible[i];
                     if (!qvtest::sameDouble(m.data(i)->value[1], expected) || m.data(i)->value[0] != plausible[i])
-                        QFAIL(qPrintable(QStringLiteral("set %1 case %2: set %3 is %4").arg(set).arg(c).arg(i).arg(m.data(i)->value[1])));
+                        QFAIL(qPrintable(QStringLiteral("set %1 case %2: set %3 is %4")
+                                             .arg(set)
+                                             .arg(c)
+                                             .arg(i)
+                                             .arg(m.data(i)->value[1])));
                 }
             }
         }
@@ -367,6 +425,7 @@ private slots:
     // agrees, rows without data (0xBAADF00D in word 0), a 32-byte name.
     void log_data()
     {
+        // clang-format off
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<bool>("answer");
         QTest::addColumn<QByteArray>("parts");
@@ -433,6 +492,7 @@ private slots:
             s.sets[2] = {QByteArray(32, 'R'), 6, 0, 0, 0, 0};
             s.words = {10, 20, 30, 0xBAADF00Du, 900, 900, 11, 21, 0xBAADF00Du, 12, 22, 32};
         }) << true << QByteArray("rtsavgq") << QByteArray("ok 'Halle 3' sets[Zeile:0:7:2EC,Zeile plus 1000:0:7:2EC,RRRRRRRRRRRRRRRRRRRRRRRRRRRRRRR:0:6:2EC] axes[9..13,19..23,-62639197..3194600584] v[10 - 11 12|20 - 21 22|30 - - 32] 13.09.2020 15:26:40..13.09.2020 15:29:40 iv=60 n=4 q0w0");
+        // clang-format on
     }
 
     void log()
@@ -449,6 +509,7 @@ private slots:
     // repair carried over, and each broken sibling with what stays.
     void logSiblings_data()
     {
+        // clang-format off
         QTest::addColumn<QString>("name");
         QTest::addColumn<QByteArray>("fault");
         QTest::addColumn<qint32>("stateShift");  // seconds the state log starts after the sensor log
@@ -475,6 +536,7 @@ private slots:
         QTest::newRow("03 without data sets") << upper << QByteArray("nosets") << 0 << 0 << true << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 [5 2 1 11 7 6 10 7] P[0 0 0 0 0 0 0 0 0 0 0;0 0 0 0;0] q1w0");
         QTest::newRow("04 header short") << upper << QByteArray("header") << 0 << 0 << true << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 [5 2 1 11 7 6 10 7] P[45 21474835.48 -2.5 25 3 2.5 1.5 0.1 -0.2 0.3 -0.4;15 7 8 9;0] q1w0");
         QTest::newRow("04 is a folder") << upper << QByteArray("folder") << 0 << 0 << true << QByteArray("Error reading file!! modes=0 flags=1 [] P[0 0 0 0 0 0 0 0 0 0 0;0 0 0 0;0] q0w0");
+        // clang-format on
     }
 
     void logSiblings()
@@ -492,7 +554,7 @@ private slots:
         qvlog::LogLayout logs[4];
         const quint32 row[12] = {8, 10, 60, 9, 21, 55, 9, 20, 50, 9, 19, 48};
         // Running flag, mode, detail and fault of the state rows; row 6 has no data.
-        const quint32 states[8][4] = {{1, 100, 9, 0},  {1, 100, 11, 0},          {0, 100, 9, 0},  {1, 200, 0, 0},
+        const quint32 states[8][4] = {{1, 100, 9, 0},           {1, 100, 11, 0}, {0, 100, 9, 0},  {1, 200, 0, 0},
                                       {1, 100, quint32(-1), 0}, {1, 100, 20, 0}, {1, 100, 18, 0}, {1, 100, 12, 4}};
         for (int f = 0; f < 2; ++f) {
             qvlog::LogLayout &s = logs[f];
@@ -505,7 +567,9 @@ private slots:
             s.oldestOffset = start * s.count * 4;
             for (int r = 0; r < 10; ++r) {
                 for (int i = 0; i < s.count; ++i)
-                    s.words << (f == 0 ? (i == 1 && r == 4 ? 70 : row[i]) : i == 0 ? (r == 6 ? 0xBAADF00Du : quint32(r)) : states[r % 8][i - 1]);
+                    s.words << (f == 0   ? (i == 1 && r == 4 ? 70 : row[i])
+                                : i == 0 ? (r == 6 ? 0xBAADF00Du : quint32(r))
+                                         : states[r % 8][i - 1]);
             }
         }
         // Parameters: rows 3 and 0 of a ring of four (the last read counts);
@@ -515,7 +579,9 @@ private slots:
         logs[2].capacity = 3;
         logs[2].rows = 2;
         logs[2].oldestOffset = 3 * 16 * 4;
-        logs[2].words = {0, 9000, quint32(-200), quint32(-250), 2500, 300, 15, 250, 150, 10, quint32(-20), 60, quint32(-80), 7, 8, 9};
+        logs[2].words = {
+            0, 9000, quint32(-200), quint32(-250), 2500, 300, 15, 250, 150, 10, quint32(-20), 60, quint32(-80), 7,
+            8, 9};
         logs[2].words.resize(64);
         logs[3].title = "PARAMETER SDKARTE";
         logs[3].capacity = 1;
@@ -552,6 +618,7 @@ private slots:
     // the interval and the plausibility limits.
     void vis_data()
     {
+        // clang-format off
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("parts");
         QTest::addColumn<QByteArray>("expected");
@@ -638,6 +705,7 @@ private slots:
             QTest::newRow(QByteArray("set " + QByteArray::number(l.set) + " at " + l.text).constData())
                 << data({ok, line("01.02.2021;10:10", values.join(';'), "OPTIMAL   ")}) << QByteArray("v") << l.expected;
         }
+        // clang-format on
     }
 
     void vis()
@@ -652,6 +720,7 @@ private slots:
     // warning (the vaporix-VIS import warns already when the store is full).
     void storeLimit_data()
     {
+        // clang-format off
         QTest::addColumn<int>("kind");
         QTest::addColumn<int>("rows");
         QTest::addColumn<QByteArray>("expected");  // questions, warnings; count, last value, last time
@@ -661,6 +730,7 @@ private slots:
         QTest::newRow("vis 262143") << int(Kind::Vis) << kMaxSamples - 1 << QByteArray("ok q0w0 262143 42 2019-07-02T01:02:00 262143");
         QTest::newRow("vis 262144") << int(Kind::Vis) << kMaxSamples << QByteArray("ok q0w1 262144 43 2019-07-02T01:03:00 262144");
         QTest::newRow("vis 262145") << int(Kind::Vis) << kMaxSamples + 1 << QByteArray("ok q0w1 262144 43 2019-07-02T01:03:00 262144");
+        // clang-format on
     }
 
     void storeLimit()
@@ -673,7 +743,10 @@ private slots:
             bytes = "K\nZeit;a;b\n";
             bytes.reserve(rows * 40);  // appending a builder reserves exactly: grow once up front
             for (int k = 0; k < rows; ++k)
-                bytes += QDateTime(QDate(2021, 1, 1), QTime(0, 0)).addSecs(k).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")).toLatin1() +
+                bytes += QDateTime(QDate(2021, 1, 1), QTime(0, 0))
+                             .addSecs(k)
+                             .toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))
+                             .toLatin1() +
                          ';' + QByteArray::number(k % 1000) + ";1\n";
         } else if (kind == int(Kind::Log)) {
             qvlog::LogLayout s = ringLog(rows - 1, quint32(rows));
@@ -692,9 +765,10 @@ private slots:
         }
         const ImportRun run = importBytes(Kind(kind), bytes);
         const _chartDataType &d = *run.model->data(0);
-        const QByteArray got = run.summary("rq") + ' ' + QByteArray::number(d.count) + ' ' + QByteArray::number(d.value[d.count - 1]) + ' ' +
-                     QDateTime::fromMSecsSinceEpoch(run.model->settings.lastTime).toString(Qt::ISODate).toLatin1() + ' ' +
-                               QByteArray::number(run.model->modeCodes()->count);
+        const QByteArray got =
+            run.summary("rq") + ' ' + QByteArray::number(d.count) + ' ' + QByteArray::number(d.value[d.count - 1]) +
+            ' ' + QDateTime::fromMSecsSinceEpoch(run.model->settings.lastTime).toString(Qt::ISODate).toLatin1() + ' ' +
+            QByteArray::number(run.model->modeCodes()->count);
         QCOMPARE(got, expected);
     }
 };

@@ -23,6 +23,7 @@ class TestImportCli : public QObject
 private slots:
     void convert_data()
     {
+        // clang-format off
         QTest::addColumn<QString>("input");
         QTest::addColumn<QStringList>("options");
         QTest::addColumn<int>("exitCode");
@@ -34,6 +35,7 @@ private slots:
         QTest::newRow("vaporix-VIS") << QStringLiteral("keller.csv") << QStringList() << 0;
         QTest::newRow("project") << QStringLiteral("in.qvj") << QStringList() << 0;
         QTest::newRow("a failed import writes nothing") << QStringLiteral("bad.csv") << QStringList() << 1;
+        // clang-format on
     }
 
     void convert()
@@ -46,18 +48,23 @@ private slots:
         const QString path = input.startsWith(QLatin1Char('/')) ? input : folder.path(input);
         if (input.startsWith(QLatin1String("S_TS"))) {
             for (int i = 1; i <= 4; ++i)
-                folder.write(QStringLiteral("S_TS0%1.CSV").arg(i), dataFile(qPrintable(QStringLiteral("csv/sensor-set/S_TS0%1.CSV").arg(i))));
+                folder.write(QStringLiteral("S_TS0%1.CSV").arg(i),
+                             dataFile(qPrintable(QStringLiteral("csv/sensor-set/S_TS0%1.CSV").arg(i))));
         } else if (input.endsWith(QLatin1String(".qvj"))) {
             const ImportRun run = importBytes(Kind::Vis, dataFile("vis/four-states.csv"));
             QVERIFY(g_saveProjectFile(*run.model, path, SaveOptions()).ok);
         } else if (!input.startsWith(QLatin1Char('/'))) {
-            folder.write(input, input == QLatin1String("bad.csv") ? QByteArray("K\nZeit;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;17\n")
-                                : input == QLatin1String("keller.csv") ? dataFile("vis/four-states.csv")
-                                                                      : dataFile("csv/trailing-separator-and-missing-value.csv"));
+            folder.write(input, input == QLatin1String("bad.csv")
+                                    ? QByteArray("K\nZeit;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;17\n")
+                                : input == QLatin1String("keller.csv")
+                                    ? dataFile("vis/four-states.csv")
+                                    : dataFile("csv/trailing-separator-and-missing-value.csv"));
         }
         const QString output = folder.path(QStringLiteral("cli.qvj"));
-        const ProgramRun run = runProgram(QStringLiteral(QV_CLI_PATH), QStringList{QStringLiteral("convert")} + options +
-                                              QStringList{path, QStringLiteral("-o"), output, QStringLiteral("--changed-time"), QStringLiteral("0")});
+        const ProgramRun run = runProgram(
+            QStringLiteral(QV_CLI_PATH),
+            QStringList{QStringLiteral("convert")} + options +
+                QStringList{path, QStringLiteral("-o"), output, QStringLiteral("--changed-time"), QStringLiteral("0")});
         QCOMPARE(run.exitCode, exitCode);
         if (exitCode != 0) {
             QVERIFY2(run.err.contains("Error in CSV line 2 !\nToo many columns."), run.err.constData());
@@ -80,11 +87,13 @@ private slots:
     // each importer.
     void notRegular_data()
     {
+        // clang-format off
         QTest::addColumn<QString>("input");  // made as a FIFO or a folder, or a device path
         QTest::addColumn<QString>("type");   // empty: detected from the input
         QTest::newRow("a FIFO named .csv") << QStringLiteral("fifo:f.csv") << QString();
         QTest::newRow("a folder named .LOG") << QStringLiteral("folder:d.LOG") << QString();
         QTest::newRow("/dev/null as vaporix-VIS") << QStringLiteral("/dev/null") << QStringLiteral("vis");
+        // clang-format on
     }
 
     void notRegular()
@@ -96,11 +105,12 @@ private slots:
         if (input.contains(QLatin1Char(':'))) {
             path = folder.path(input.section(QLatin1Char(':'), 1));
             QVERIFY(input.startsWith(QLatin1String("fifo:")) ? ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0
-                                                              : QDir().mkpath(path));
+                                                             : QDir().mkpath(path));
         }
         ChartModel model;
         ScriptedHost host;
-        const FileResult r = g_readInput(type.isEmpty() ? g_detectInputType(path) : g_inputTypeFromName(type), path, model, host);
+        const FileResult r =
+            g_readInput(type.isEmpty() ? g_detectInputType(path) : g_inputTypeFromName(type), path, model, host);
         QCOMPARE(QByteArray(r.message), QByteArray("Error reading file!"));
         QVERIFY(!r.ok && r.critical());
     }

@@ -24,8 +24,8 @@ namespace {
 class ImportingChart : public QVChartClass
 {
 public:
-    using QVChartClass::QVChartClass;
     using QVChartClass::m_runImport;
+    using QVChartClass::QVChartClass;
 };
 
 // A reader that fails with `failure`, or asks a question, warns and fills
@@ -109,6 +109,7 @@ void TestChartDocument::cleanup()
 
 void TestChartDocument::save_data()
 {
+    // clang-format off
     QTest::addColumn<QString>("opened");   // project opened first ("" = a new project)
     QTest::addColumn<QString>("answers");  // file dialog answers, space-separated
     QTest::addColumn<bool>("saveAs");
@@ -125,6 +126,7 @@ void TestChartDocument::save_data()
     QTest::newRow("save as, cancelled") << "a.qvj" << "" << true << "0 asked 1 in # | #/a.qvj |  |  | a.qvj | again 1";
     QTest::newRow("save as without .qvj asks again, saves as typed") << "" << "plain plain" << true << "1 asked 2 in /start | #/plain | #/plain|# |  | plain | again 3";
     QTest::newRow("failure keeps the name, tries it again without asking") << "" << "missing/x.qvj" << false << "0 asked 1 in /start | #/missing/x.qvj |  | 3 Quorvanta Error|Error while writing file! |  | again 1";
+    // clang-format on
 }
 
 void TestChartDocument::save()
@@ -147,8 +149,11 @@ void TestChartDocument::save()
     QString found = QStringLiteral("%1 asked %2").arg(result).arg(dialogs.fileDialogs.size());
     if (!dialogs.fileDialogs.isEmpty())
         found += QStringLiteral(" in ") + dialogs.fileDialogs.first().directory;
-    found += QStringLiteral(" | %1 | %2 | %3 | ").arg(chart->m_getProjectFile(), changes.join(QLatin1Char(',')), messages(dialogs)) +
-             QDir(dir.path()).entryList({QStringLiteral("*.qvj"), QStringLiteral("*.QVJ"), QStringLiteral("plain")}, QDir::Files).join(QLatin1Char(' '));
+    found += QStringLiteral(" | %1 | %2 | %3 | ")
+                 .arg(chart->m_getProjectFile(), changes.join(QLatin1Char(',')), messages(dialogs)) +
+             QDir(dir.path())
+                 .entryList({QStringLiteral("*.qvj"), QStringLiteral("*.QVJ"), QStringLiteral("plain")}, QDir::Files)
+                 .join(QLatin1Char(' '));
     chart->s_saveProject();
     found += QStringLiteral(" | again %1").arg(dialogs.fileDialogs.size());
     QCOMPARE(found.replace(dir.path(), QStringLiteral("#")), expected);
@@ -156,6 +161,7 @@ void TestChartDocument::save()
 
 void TestChartDocument::importRoutine_data()
 {
+    // clang-format off
     QTest::addColumn<QString>("file");     // "" cancels the file dialog
     QTest::addColumn<QString>("failure");  // "" reads the file
     QTest::addColumn<int>("kind");         // of the failure
@@ -176,6 +182,7 @@ void TestChartDocument::importRoutine_data()
     QTest::newRow("sibling files") << "/data/x.tst" << "Error while loading additional vaporix files!"
                                    << int(qv::FileError::SiblingFiles)
                                    << "0 " DIALOG "2 Quorvanta Error|Error while loading additional vaporix files! |  | /imports | | -";
+    // clang-format on
 }
 
 // The routine asks for the file, runs the reader under a progress dialog,

@@ -36,8 +36,14 @@ constexpr int kModes = 262148;
 const QString kNoProject = QStringLiteral("File is no Quorvanta project!");
 const QString kDamaged = QStringLiteral("Error in Quorvanta project!");
 
-QByteArray raw(const void *p, int size) { return QByteArray(static_cast<const char *>(p), size); }
-QByteArray zeros(int size) { return item(QByteArray(size, '\0')); }
+QByteArray raw(const void *p, int size)
+{
+    return QByteArray(static_cast<const char *>(p), size);
+}
+QByteArray zeros(int size)
+{
+    return item(QByteArray(size, '\0'));
+}
 
 // n data sets of distinct, partly missing values.
 std::unique_ptr<ChartModel> makeModel(int n, bool modes, int samples = 50)
@@ -146,11 +152,17 @@ QString summary(const FileResult &r, ChartModel &m)
     for (int i = 0; i < kMaxDataSets; ++i) {
         const _chartDataType &d = *m.data(i);
         if (m.row[i].enabled)
-            s += QStringLiteral("%1%2@%3=%4 ").arg(m.row[i].checked ? '+' : '-').arg(d.count)
-                     .arg(d.count > 0 ? d.time[d.count - 1] : 0).arg(d.count > 0 ? d.value[d.count - 1] : 0);
+            s += QStringLiteral("%1%2@%3=%4 ")
+                     .arg(m.row[i].checked ? '+' : '-')
+                     .arg(d.count)
+                     .arg(d.count > 0 ? d.time[d.count - 1] : 0)
+                     .arg(d.count > 0 ? d.value[d.count - 1] : 0);
     }
-    s += QStringLiteral("view %1-%2 (%3) flags %4").arg(m.settings.viewBegin).arg(m.settings.viewEnd)
-             .arg(m.settings.rangeSampleCount).arg(m.settings.flags);
+    s += QStringLiteral("view %1-%2 (%3) flags %4")
+             .arg(m.settings.viewBegin)
+             .arg(m.settings.viewEnd)
+             .arg(m.settings.rangeSampleCount)
+             .arg(m.settings.flags);
     if (m.modeBoxVisible)
         s += QStringLiteral(" modes%1 i%2:").arg(m.modeBoxChecked ? '+' : '-').arg(m.modeParameters()->interval);
     for (int k = 0; m.modeBoxVisible && k < 7; ++k)
@@ -194,8 +206,9 @@ QString shown(const QByteArray &field)
         const char c = field.at(i);
         for (n = 1; i + n < field.size() && field.at(i + n) == c;)
             ++n;
-        const QString one = c == 0 ? QStringLiteral(".") : uchar(c) < 128 ? QString(QLatin1Char(c))
-                                                                          : QStringLiteral("\\x%1").arg(uchar(c), 0, 16);
+        const QString one = c == 0           ? QStringLiteral(".")
+                            : uchar(c) < 128 ? QString(QLatin1Char(c))
+                                             : QStringLiteral("\\x%1").arg(uchar(c), 0, 16);
         s += n > 16 ? one + QStringLiteral("*%1").arg(n) : one.repeated(n);
     }
     return s;
@@ -220,12 +233,14 @@ private slots:
 
 void TestProject::roundTrip_data()
 {
+    // clang-format off
     QTest::addColumn<int>("dataSets");
     QTest::addColumn<bool>("modes");
     QTest::addColumn<int>("samples");
     QTest::newRow("no data sets") << 0 << false << 0;
     QTest::newRow("two with mode data") << 2 << true << 50;
     QTest::newRow("sixteen full stores") << 16 << true << kMaxSamples;
+    // clang-format on
 }
 
 // The bytes written, decoded with zlib by hand against the documented
@@ -249,7 +264,7 @@ void TestProject::roundTrip()
     QV_COMPARE_BYTES(payload, expected);
     QCOMPARE(qint64(payload.size()), g_payloadSize(dataSets, modes));
     QCOMPARE(payload.mid(4 + 24, 4), QByteArray("\x04\x03\x02\x01", 4));  // changed time, little-endian
-    QCOMPARE(qUncompress(file.mid(59)), payload);  // Qt's own reader takes the block too
+    QCOMPARE(qUncompress(file.mid(59)), payload);                         // Qt's own reader takes the block too
 
     auto loaded = std::make_unique<ChartModel>();
     QVERIFY(loadBytes(*loaded, file).ok);
@@ -262,6 +277,7 @@ void TestProject::roundTrip()
 
 void TestProject::loads_data()
 {
+    // clang-format off
     // file: the bytes, or "@missing", "@fifo", "@folder" for what sits at the path.
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QString>("expected");  // summary() after loading into an empty model
@@ -326,6 +342,7 @@ void TestProject::loads_data()
         << fileOf(two + zeros(kStore) + zeros(kStore) + QByteArray(int(2 * g_payloadSize(16, true)), '\0'))
         << kDamaged + none;
     QTest::newRow("checksum broken after the items") << tail << kDamaged + none;
+    // clang-format on
 }
 
 void TestProject::loads()
@@ -349,6 +366,7 @@ void TestProject::loads()
 
 void TestProject::saveSituations_data()
 {
+    // clang-format off
     // expected: the message, then every entry of the folder afterwards: N the
     // new project, O the old file byte for byte, P the previous backup, d a
     // folder, k another kind of non-file (FIFO, socket).
@@ -368,6 +386,7 @@ void TestProject::saveSituations_data()
     QTest::newRow("FIFO") << "a.qvj" << int(Fifo) << error + QLatin1String(" | a.qvj=k");
     QTest::newRow("socket") << "a.qvj" << int(Socket) << error + QLatin1String(" | a.qvj=k");
     QTest::newRow("folder") << "a.qvj" << int(Folder) << error + QLatin1String(" | a.qvj=d");
+    // clang-format on
 }
 
 void TestProject::saveSituations()
@@ -382,7 +401,8 @@ void TestProject::saveSituations()
     auto model = makeModel(situation == LimitHitsProject ? 2 : 1, false, kMaxSamples);
     for (int k = 0; situation == LimitHitsProject && k < kMaxSamples; ++k)  // values that do not compress away
         model->data(1)->value[k] = double((k * 2654435761u) % 100003) / 7.0;
-    const QByteArray old = situation == LimitHitsBackup ? QByteArray(100 * 1024, 'o') : saveToBytes(*makeModel(2, true), 1);
+    const QByteArray old =
+        situation == LimitHitsBackup ? QByteArray(100 * 1024, 'o') : saveToBytes(*makeModel(2, true), 1);
     const QByteArray previous("previous backup");
     const int socketHandle = situation == Socket ? ::socket(AF_UNIX, SOCK_STREAM, 0) : -1;
     sockaddr_un address{AF_UNIX, {}};
@@ -412,17 +432,24 @@ void TestProject::saveSituations()
     // No temporary file, lock file or stray backup may be left behind.
     QString found = saveTexts.at(result) + QStringLiteral(" |");
     const QByteArray saved = saveToBytes(*model, 2);
-    for (const QFileInfo &entry : QDir(folder).entryInfoList(QDir::AllEntries | QDir::System | QDir::Hidden |
-                                                             QDir::NoDotAndDotDot, QDir::Name)) {
+    for (const QFileInfo &entry : QDir(folder).entryInfoList(
+             QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name)) {
         const QByteArray bytes = entry.isFile() ? qvtest::readFile(entry.filePath()) : QByteArray();
-        found += QStringLiteral(" %1=%2").arg(entry.fileName()).arg(entry.isDir() ? 'd' : !entry.isFile() ? 'k' : bytes == saved ? 'N'
-                                                                    : bytes == old ? 'O' : bytes == previous ? 'P' : '?');
+        found += QStringLiteral(" %1=%2")
+                     .arg(entry.fileName())
+                     .arg(entry.isDir()       ? 'd'
+                          : !entry.isFile()   ? 'k'
+                          : bytes == saved    ? 'N'
+                          : bytes == old      ? 'O'
+                          : bytes == previous ? 'P'
+                                              : '?');
     }
     QCOMPARE(found, expected);
 }
 
 void TestProject::rules_data()
 {
+    // clang-format off
     QTest::addColumn<QString>("rule");
     QTest::addColumn<QString>("input");
     QTest::addColumn<QString>("expected");
@@ -433,6 +460,7 @@ void TestProject::rules_data()
         if (c.size() == 4 && !line.startsWith(QLatin1Char('#')))
             QTest::newRow(qPrintable(c.at(3))) << c.at(0) << c.at(1) << c.at(2);
     }
+    // clang-format on
 }
 
 void TestProject::rules()
@@ -471,7 +499,8 @@ void TestProject::rules()
             rule == QLatin1String("text0")   ? g_qString2Buffer(to, text, width)
             : rule == QLatin1String("text1") ? g_qString2BufferWO0(to, text, width)
                                              : g_char2Buffer(to, chars, width);
-        out = shown(field) + (width > 0 && width < 10 ? QLatin1Char('=') + g_buffer2QString(field.constData(), width) : QString());
+        out = shown(field) +
+              (width > 0 && width < 10 ? QLatin1Char('=') + g_buffer2QString(field.constData(), width) : QString());
     }
     QCOMPARE(out, expected);
 }

@@ -34,19 +34,19 @@ bool sameDouble(double actual, double expected);
 
 }  // namespace qvtest
 
-#define QV_COMPARE_BYTES(actual, expected)                                              \
-    do {                                                                                \
-        const QString qvDiff_ = qvtest::firstDifference((actual), (expected));          \
-        if (!qvDiff_.isEmpty())                                                         \
-            QFAIL(qPrintable(qvDiff_));                                                 \
+#define QV_COMPARE_BYTES(actual, expected)                                                                             \
+    do {                                                                                                               \
+        const QString qvDiff_ = qvtest::firstDifference((actual), (expected));                                         \
+        if (!qvDiff_.isEmpty())                                                                                        \
+            QFAIL(qPrintable(qvDiff_));                                                                                \
     } while (false)
 
-#define QV_COMPARE_DOUBLE(actual, expected)                                             \
-    do {                                                                                \
-        const double qvA_ = (actual), qvE_ = (expected);                                \
-        if (!qvtest::sameDouble(qvA_, qvE_))                                            \
-            QFAIL(qPrintable(QStringLiteral("%1 is %2, expected %3")                    \
-                                 .arg(QStringLiteral(#actual))                          \
-                                 .arg(qvA_, 0, 'g', 17)                                 \
-                                 .arg(qvE_, 0, 'g', 17)));                              \
+#define QV_COMPARE_DOUBLE(actual, expected)                                                                            \
+    do {                                                                                                               \
+        const double qvA_ = (actual), qvE_ = (expected);                                                               \
+        if (!qvtest::sameDouble(qvA_, qvE_))                                                                           \
+            QFAIL(qPrintable(QStringLiteral("%1 is %2, expected %3")                                                   \
+                                 .arg(QStringLiteral(#actual))                                                         \
+                                 .arg(qvA_, 0, 'g', 17)                                                                \
+                                 .arg(qvE_, 0, 'g', 17)));                                                             \
     } while (false)
