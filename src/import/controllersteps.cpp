@@ -222,4 +222,10 @@ void g_checkPlausibility(ChartModel &model)
     }
 }
 
+void g_finishControllerImport(ChartModel &model)
+{
+    model.applyRowChecks();
+    g_checkPlausibility(model);
+}
+
 }  // namespace qv

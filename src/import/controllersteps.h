@@ -77,4 +77,9 @@ void g_applySensorLayout(ChartModel &model);
 // already missing are left alone.
 void g_checkPlausibility(ChartModel &model);
 
+// The end of a controller import: the shown bits follow the ticked rows once,
+// as a toggle of a row box makes them (so a plain sampling is drawn at once
+// and saved with its rows shown), then the plausibility pass runs.
+void g_finishControllerImport(ChartModel &model);
+
 }  // namespace qv

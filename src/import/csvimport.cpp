@@ -88,7 +88,7 @@ FileResult CsvImport::run(const QString &path)
         if (!siblings.ok)
             return siblings;
     }
-    g_checkPlausibility(m_model);
+    g_finishControllerImport(m_model);
     return FileResult();
 }
 

@@ -99,7 +99,7 @@ FileResult LogImport::run(QIODevice &file, const QString &path)
         if (!siblings.ok)
             return siblings;
     }
-    g_checkPlausibility(m_model);
+    g_finishControllerImport(m_model);
     return FileResult();
 }
 

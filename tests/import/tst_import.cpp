@@ -192,19 +192,19 @@ private slots:
         auto f = [](const char *name) { return dataFile(QByteArray("csv/").append(name).constData()); };
         const QByteArray row = "01.01.2021 00:00:00;1;2\n";
 
-        QTest::newRow("ordinary") << f("trailing-separator-and-missing-value.csv") << QByteArray("rtsavgmq") << QByteArray("ok 'Keller Nord' sets[Temp:2:8:2EC,Feuchte:0:8:2EC] axes[11..13,79..82] v[12.5 12.25 11.75|81 - 79.5] 01.12.2020 10:00:00..01.12.2020 10:20:00 iv=600 n=3 modes=0 flags=1 [] q0w0");
+        QTest::newRow("ordinary") << f("trailing-separator-and-missing-value.csv") << QByteArray("rtsavgmq") << QByteArray("ok 'Keller Nord' sets[Temp:2:8:3EC,Feuchte:0:8:3EC] axes[11..13,79..82] v[12.5 12.25 11.75|81 - 79.5] 01.12.2020 10:00:00..01.12.2020 10:20:00 iv=600 n=3 modes=0 flags=1 [] q0w0");
         // One value quirk per column: value and decimals; the blank-stripping
         // second attempt and the missing-value marker.
         QTest::newRow("values") << QByteArray("K\nZeit;a;b;c;d;e;f;g;h;i;j;k;l;m;n;o;p\n01.01.2021 00:00:00;-0;0.1;1 234.5; 2.5;12\xa0;1\t2;"
                                               "abc;;   ;1,5;1.5e3;1e400;3131961357;7.;1.2.3;1\0" "2.5\n", 138)
                                 << QByteArray("rsv")
-                                << QByteArray("ok sets[a:0:8:2EC,b:1:8:2EC,c:1:8:2EC,d:1:8:6EC,e:0:8:6EC,f:0:8:6EC,g:0:8:0EC,h:0:8:0EC,i:0:8:0EC,j:0:8:0EC,"
-                                              "k:3:8:0EC,l:0:8:0EC,m:0:8:0EC,n:0:8:0EC,o:3:8:0EC,p:1:8:0EC] v[-0|0.1|1234.5|2.5|12|-|-|-|0|-|1500|-|-|7|-|12.5]");
-        QTest::newRow("0x07 cuts two bytes from every line") << f("title-with-bell-cuts-two-bytes.csv") << QByteArray("rtsv") << QByteArray("ok 'Ti\\x7tl' sets[A:1:8:2EC] v[1.5]");
-        QTest::newRow("CR LF keeps the CR") << f("cr-lf-keeps-cr.csv") << QByteArray("rtsvq") << QByteArray("ok 'SENSORWERTE\\xd' sets[A:1:8:2EC,B\\xd:3:8:2EC] v[1.5 2|2.25 -] q0w0");
-        QTest::newRow("zero byte separator") << f("zero-byte-separator.csv") << QByteArray("rsv") << QByteArray("ok sets[A:1:8:2EC,B:0:8:2EC] v[1.5|7]");
-        QTest::newRow("semicolon wins over comma") << f("semicolon-wins-over-comma.csv") << QByteArray("rsv") << QByteArray("ok sets[A,1:0:8:2EC,B:2:8:2EC] v[-|2.25]");
-        QTest::newRow("comma separator") << f("comma-separator.csv") << QByteArray("rsv") << QByteArray("ok sets[A:1:8:2EC,B:2:8:2EC] v[1.5|2.25]");
+                                << QByteArray("ok sets[a:0:8:3EC,b:1:8:3EC,c:1:8:3EC,d:1:8:7EC,e:0:8:7EC,f:0:8:7EC,g:0:8:1EC,h:0:8:1EC,i:0:8:1EC,j:0:8:1EC,"
+                                              "k:3:8:1EC,l:0:8:1EC,m:0:8:1EC,n:0:8:1EC,o:3:8:1EC,p:1:8:1EC] v[-0|0.1|1234.5|2.5|12|-|-|-|0|-|1500|-|-|7|-|12.5]");
+        QTest::newRow("0x07 cuts two bytes from every line") << f("title-with-bell-cuts-two-bytes.csv") << QByteArray("rtsv") << QByteArray("ok 'Ti\\x7tl' sets[A:1:8:3EC] v[1.5]");
+        QTest::newRow("CR LF keeps the CR") << f("cr-lf-keeps-cr.csv") << QByteArray("rtsvq") << QByteArray("ok 'SENSORWERTE\\xd' sets[A:1:8:3EC,B\\xd:3:8:3EC] v[1.5 2|2.25 -] q0w0");
+        QTest::newRow("zero byte separator") << f("zero-byte-separator.csv") << QByteArray("rsv") << QByteArray("ok sets[A:1:8:3EC,B:0:8:3EC] v[1.5|7]");
+        QTest::newRow("semicolon wins over comma") << f("semicolon-wins-over-comma.csv") << QByteArray("rsv") << QByteArray("ok sets[A,1:0:8:3EC,B:2:8:3EC] v[-|2.25]");
+        QTest::newRow("comma separator") << f("comma-separator.csv") << QByteArray("rsv") << QByteArray("ok sets[A:1:8:3EC,B:2:8:3EC] v[1.5|2.25]");
         QTest::newRow("a row with a field more ends the data") << f("row-with-extra-field-ends-data.csv") << QByteArray("rvx") << QByteArray("ok v[1 2|10 20] x[01.01.2021 00:00:00 +60]");
         QTest::newRow("last line loses its last byte") << f("last-line-without-line-end.csv") << QByteArray("rv") << QByteArray("ok v[1 2|10 20.2]");
         QTest::newRow("unreadable times as QDateTime makes them") << f("unreadable-times.csv") << QByteArray("rvx") << QByteArray("ok v[1 2 3|10 20 30] x[01.01.1970 00:00:00 +0 +1609459200]");
@@ -219,20 +219,20 @@ private slots:
         QTest::newRow("axis 0 to 100, no valid value")
             << QByteArray("K\nZeit;A;B\n01.01.2021 00:00:00;0;x\n01.01.2021 00:00:00;100;3131961357\n01.01.2021 00:00:00;50;x\n")
             << QByteArray("a") << QByteArray("axes[-3..103,1.79769313486e+308..1.79769313486e+308]");
-        QTest::newRow("only lines 1 and 2") << QByteArray("Keller\nZeit;T1;;T3\n") << QByteArray("rtsag") << QByteArray("ok 'Keller' sets[T1:0:8:2EC,:0:8:2EC,T3:0:8:2EC] axes[1.79769313486e+308..1.79769313486e+308,1.79769313486e+308..1.79769313486e+308,1.79769313486e+308..1.79769313486e+308] 0..0 iv=0 n=0");
-        QTest::newRow("SENSORWERTE with 7 columns gives 6") << QByteArray("SENSORWERTE\nZeit;a;b;c;d;e;f;g\n") << QByteArray("rsq") << QByteArray("ok sets[a:0:8:2EC,b:0:8:2EC,c:0:8:2EC,d:0:8:6EC,e:0:8:6EC,f:0:8:6EC] q1w0");
-        QTest::newRow("SENSORWERTE with 12 columns gives 12") << QByteArray("SENSORWERTE\nZeit;a;b;c;d;e;f;g;h;i;j;k;l\n") << QByteArray("rs") << QByteArray("ok sets[a:0:8:2EC,b:0:8:2EC,c:0:8:2EC,d:0:8:6EC,e:0:8:6EC,f:0:8:6EC,g:0:8:0EC,h:0:8:0EC,i:0:8:0EC,j:0:8:0EC,k:0:8:0EC,l:0:8:0EC]");
-        QTest::newRow("other title with 7 columns gives 7") << QByteArray("SENSORWERT\nZeit;a;b;c;d;e;f;g\n") << QByteArray("rsq") << QByteArray("ok sets[a:0:8:2EC,b:0:8:2EC,c:0:8:2EC,d:0:8:6EC,e:0:8:6EC,f:0:8:6EC,g:0:8:0EC] q0w0");
-        QTest::newRow("16 columns and trailing separators") << QByteArray("K\nZeit;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;;\n") << QByteArray("rs") << QByteArray("ok sets[1:0:8:2EC,2:0:8:2EC,3:0:8:2EC,4:0:8:6EC,5:0:8:6EC,6:0:8:6EC,7:0:8:0EC,8:0:8:0EC,9:0:8:0EC,10:0:8:0EC,11:0:8:0EC,12:0:8:0EC,13:0:8:0EC,14:0:8:0EC,15:0:8:0EC,16:0:8:0EC]");
+        QTest::newRow("only lines 1 and 2") << QByteArray("Keller\nZeit;T1;;T3\n") << QByteArray("rtsag") << QByteArray("ok 'Keller' sets[T1:0:8:3EC,:0:8:3EC,T3:0:8:3EC] axes[1.79769313486e+308..1.79769313486e+308,1.79769313486e+308..1.79769313486e+308,1.79769313486e+308..1.79769313486e+308] 0..0 iv=0 n=0");
+        QTest::newRow("SENSORWERTE with 7 columns gives 6") << QByteArray("SENSORWERTE\nZeit;a;b;c;d;e;f;g\n") << QByteArray("rsq") << QByteArray("ok sets[a:0:8:3EC,b:0:8:3EC,c:0:8:3EC,d:0:8:7EC,e:0:8:7EC,f:0:8:7EC] q1w0");
+        QTest::newRow("SENSORWERTE with 12 columns gives 12") << QByteArray("SENSORWERTE\nZeit;a;b;c;d;e;f;g;h;i;j;k;l\n") << QByteArray("rs") << QByteArray("ok sets[a:0:8:3EC,b:0:8:3EC,c:0:8:3EC,d:0:8:7EC,e:0:8:7EC,f:0:8:7EC,g:0:8:1EC,h:0:8:1EC,i:0:8:1EC,j:0:8:1EC,k:0:8:1EC,l:0:8:1EC]");
+        QTest::newRow("other title with 7 columns gives 7") << QByteArray("SENSORWERT\nZeit;a;b;c;d;e;f;g\n") << QByteArray("rsq") << QByteArray("ok sets[a:0:8:3EC,b:0:8:3EC,c:0:8:3EC,d:0:8:7EC,e:0:8:7EC,f:0:8:7EC,g:0:8:1EC] q0w0");
+        QTest::newRow("16 columns and trailing separators") << QByteArray("K\nZeit;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;;\n") << QByteArray("rs") << QByteArray("ok sets[1:0:8:3EC,2:0:8:3EC,3:0:8:3EC,4:0:8:7EC,5:0:8:7EC,6:0:8:7EC,7:0:8:1EC,8:0:8:1EC,9:0:8:1EC,10:0:8:1EC,11:0:8:1EC,12:0:8:1EC,13:0:8:1EC,14:0:8:1EC,15:0:8:1EC,16:0:8:1EC]");
         QTest::newRow("17 columns") << QByteArray("K\nZeit;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;17\n") << QByteArray("rts") << QByteArray("Error in CSV line 2 !/Too many columns. 'K' sets[]");
         QTest::newRow("time column only") << QByteArray("K\nZeit\n") << QByteArray("rts") << QByteArray("Error in CSV line 2 !/Too many columns. 'K' sets[]");
         QTest::newRow("separators only") << QByteArray("K\n;;;\n") << QByteArray("r") << QByteArray("Error in CSV line 2 !/Too many columns.");
         QTest::newRow("empty file") << QByteArray() << QByteArray("rt") << QByteArray("Error in CSV line 2 !/Too many columns. ''");
         QTest::newRow("title of 31 bytes") << QByteArray(31, 'x') + "\nZeit;A\n" << QByteArray("rt") << QByteArray("ok 'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx'");
         QTest::newRow("title of 32 bytes") << QByteArray(32, 'x') + "\nZeit;A\n" << QByteArray("rt") << QByteArray("Error in CSV title line 1 ! ''");
-        QTest::newRow("0x07 makes a 32-byte title fit") << QByteArray(31, 'x') + "\a\nZeit;A;B\n" << QByteArray("rts") << QByteArray("ok 'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx' sets[A:0:8:2EC]");
+        QTest::newRow("0x07 makes a 32-byte title fit") << QByteArray(31, 'x') + "\a\nZeit;A;B\n" << QByteArray("rts") << QByteArray("ok 'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx' sets[A:0:8:3EC]");
         QTest::newRow("title and name up to a zero byte, name of 40 bytes")
-            << QByteArray("AB\0CD\nZeit;T\xB0\0x;", 16) + QByteArray(40, 'n') + "\n" << QByteArray("rts") << QByteArray("ok 'AB' sets[T\\xb0:0:8:2EC,nnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnn:0:8:2EC]");
+            << QByteArray("AB\0CD\nZeit;T\xB0\0x;", 16) + QByteArray(40, 'n') + "\n" << QByteArray("rts") << QByteArray("ok 'AB' sets[T\\xb0:0:8:3EC,nnnnnnnnnnnnnnnnnnnnnnnnnnnnnnnn:0:8:3EC]");
         // Lines after line 1 may be 17 x 256 bytes long, '\n' included.
         QTest::newRow("line 1 of megabytes") << QByteArray(3 << 20, 'x') + "\nZeit;a;b\n" + row << QByteArray("rt") << QByteArray("Error in CSV title line 1 ! ''");
         QTest::newRow("line 2 at the bound") << "K\nZeit;a;b" + QByteArray(17 * 256 - 9, ';') + "\n" + row << QByteArray("rv") << QByteArray("ok v[1|2]");
@@ -312,7 +312,7 @@ private slots:
         QTest::newRow("SENSORWERTE of 7 columns: 6 sets laid out")
             << upper << with(0, "SENSORWERTE\nZeit;a;b;c;d;e;f;g\n01.03.2021 10:00:00;8.5;10.5;60;9;21;55\n01.03.2021 10:01:00;8.5;10.5;60;9;21;55\n"
                                  "01.03.2021 10:02:00;8.5;10.5;60;9;21;55\n")
-            << true << QByteArray("rsm") << QByteArray("ok sets[abs. Feuchte Aussen:1:8:2EC,Temp Aussen:1:8:6EC,rel. Feuchte Aussen:0:8:1EC,abs. Feuchte Innen:1:8:1EC,Temp Innen:1:8:1EC,rel. Feuchte Innen:0:8:1EC] modes=1VC flags=3 [3 1 11 7 7 2]");
+            << true << QByteArray("rsm") << QByteArray("ok sets[abs. Feuchte Aussen:1:8:3EC,Temp Aussen:1:8:7EC,rel. Feuchte Aussen:0:8:1EC,abs. Feuchte Innen:1:8:1EC,Temp Innen:1:8:1EC,rel. Feuchte Innen:0:8:1EC] modes=1VC flags=3 [3 1 11 7 7 2]");
         QTest::newRow("all there, No") << upper << committed << false << QByteArray("rmvq") << QByteArray("ok modes=0 flags=1 [] v[8.5 8.5 8.5 8.5 8.5|10.5 10.5 80 10.5 10.5|60 60 60 60 60|9 9 9 9 9|21 21 21 21 21|55 55 55 55 55|9.5 9.5 9.5 9.5 9.5|20 20 20 20 20|50 50 50 50 50|9.1 9.1 9.1 9.1 9.1|19.5 19.5 19.5 19.5 19.5|48 48 48 48 48] q1w0");
         QTest::newRow("TS02 missing") << upper << with(1, "-") << true << QByteArray("rmq") << QByteArray("ok modes=0 flags=1 [] q0w0");
         QTest::newRow("TS04 missing") << upper << with(3, "-") << true << QByteArray("rmq") << QByteArray("ok modes=0 flags=1 [] q0w0");
@@ -458,17 +458,17 @@ private slots:
         QTest::newRow("repair wraps the 32-bit start time") << ring(100, 40, 3u, 100u) << true << QByteArray("rvgq") << QByteArray("ok v[0 1 2 3 4 5 6 7|1000 1001 1002 1003 1004 1005 1006 1007] 07.02.2106 08:24:56..07.02.2106 08:31:56 iv=60 n=8 q1w0");
         QTest::newRow("S beyond C reads zeros once") << ring(10, 120, 3u, t) << true << QByteArray("rvgq") << QByteArray("ok v[0 0 1|0 1000 1001] 13.09.2020 15:26:40..13.09.2020 15:28:40 iv=60 n=3 q0w0");
         QTest::newRow("no rows") << ring(10, 0, 0u, t) << true << QByteArray("rvgq") << QByteArray("ok v[|] 0..0 iv=60 n=0 q0w0");
-        QTest::newRow("2: sum in doubles, no 32-bit wrap") << value(2, 1, 0u, 0, 1u, 0xFFFFFFFFu) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:1:2:2EC] axes[-1..1,4294967296..4294967297] v[0|4294967296]");
-        QTest::newRow("2: unsigned multiplier") << value(2, 1, 0x80000000u, 0, 0u, 3u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:1:2:2EC] axes[-1..1,6442450944..6442450945] v[0|6442450944]");
-        QTest::newRow("2: divisor +10") << value(2, 1, 0u, 10, 0u, 215u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:1:2:2EC] axes[-1..1,21..22] v[0|21.5]");
-        QTest::newRow("2: divisor -10") << value(2, 1, 0u, -10, 0u, 7u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:1:2:2EC] axes[-1..1,70..71] v[0|70]");
-        QTest::newRow("4: offset, multiplier, divisor") << value(4, 2, 2u, 10, 5u, 250u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:2:4:2EC] axes[-1..1,51..52] v[0|51]");
-        QTest::newRow("3: signed raw and offset") << value(3, 1, 0u, 10, quint32(-5), quint32(-250)) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:1:3:2EC] axes[-1..1,-26..-25] v[0|-25.5]");
-        QTest::newRow("5: signed multiplier, divisor -10") << value(5, 0, quint32(-2), -10, 0u, quint32(-3)) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:0:5:2EC] axes[-1..1,60..61] v[0|60]");
-        QTest::newRow("7: signed raw, descriptor ignored") << value(7, 3, 5u, 10, 5u, 0xFFFFFFFEu) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:3:7:2EC] axes[-1..1,-3..-2] v[0|-2]");
-        QTest::newRow("8: float") << value(8, 1, 5u, 10, 5u, qvlog::floatWord(-12.375f)) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:1:8:2EC] axes[-1..1,-13..-12] v[0|-12.375]");
-        QTest::newRow("6: unsigned raw, no decimals") << value(6, 3, 5u, 10, 5u, 0xFFFFFFFEu) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:0:6:2EC] axes[-1..1,4294967294..4294967295] v[0|4294967294]");
-        QTest::newRow("9: unknown") << value(9, 2, 5u, 10, 5u, 0x80000000u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:2EC,Wert:0:9:2EC] axes[-1..1,2147483648..2147483649] v[0|2147483648]");
+        QTest::newRow("2: sum in doubles, no 32-bit wrap") << value(2, 1, 0u, 0, 1u, 0xFFFFFFFFu) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:1:2:3EC] axes[-1..1,4294967296..4294967297] v[0|4294967296]");
+        QTest::newRow("2: unsigned multiplier") << value(2, 1, 0x80000000u, 0, 0u, 3u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:1:2:3EC] axes[-1..1,6442450944..6442450945] v[0|6442450944]");
+        QTest::newRow("2: divisor +10") << value(2, 1, 0u, 10, 0u, 215u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:1:2:3EC] axes[-1..1,21..22] v[0|21.5]");
+        QTest::newRow("2: divisor -10") << value(2, 1, 0u, -10, 0u, 7u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:1:2:3EC] axes[-1..1,70..71] v[0|70]");
+        QTest::newRow("4: offset, multiplier, divisor") << value(4, 2, 2u, 10, 5u, 250u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:2:4:3EC] axes[-1..1,51..52] v[0|51]");
+        QTest::newRow("3: signed raw and offset") << value(3, 1, 0u, 10, quint32(-5), quint32(-250)) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:1:3:3EC] axes[-1..1,-26..-25] v[0|-25.5]");
+        QTest::newRow("5: signed multiplier, divisor -10") << value(5, 0, quint32(-2), -10, 0u, quint32(-3)) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:0:5:3EC] axes[-1..1,60..61] v[0|60]");
+        QTest::newRow("7: signed raw, descriptor ignored") << value(7, 3, 5u, 10, 5u, 0xFFFFFFFEu) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:3:7:3EC] axes[-1..1,-3..-2] v[0|-2]");
+        QTest::newRow("8: float") << value(8, 1, 5u, 10, 5u, qvlog::floatWord(-12.375f)) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:1:8:3EC] axes[-1..1,-13..-12] v[0|-12.375]");
+        QTest::newRow("6: unsigned raw, no decimals") << value(6, 3, 5u, 10, 5u, 0xFFFFFFFEu) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:0:6:3EC] axes[-1..1,4294967294..4294967295] v[0|4294967294]");
+        QTest::newRow("9: unknown") << value(9, 2, 5u, 10, 5u, 0x80000000u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:0:9:3EC] axes[-1..1,2147483648..2147483649] v[0|2147483648]");
         const QByteArray good = qvlog::file(ringLog(4, 5));
         QTest::newRow("empty file") << QByteArray("") << true << QByteArray("rtsavgq") << QByteArray("File is no Ventimar sampling! '' sets[] axes[] v[] 0..0 iv=0 n=0 q0w0");
         QTest::newRow("last magic byte differs") << QByteArray(good).replace(63, 1, "!") << true << QByteArray("rtsavgq") << QByteArray("File is no Ventimar sampling! '' sets[] axes[] v[] 0..0 iv=0 n=0 q0w0");
@@ -485,13 +485,13 @@ private slots:
             s.dataSize = 16 * 1024 * 1024;
         }).chopped(1);
         QTest::newRow("short data, No") << shortData << false << QByteArray("rtsavgq") << QByteArray("Ventimar sampling seems to be broken (filesize)! '' sets[] axes[] v[] 0..0 iv=0 n=0 q1w0");
-        QTest::newRow("short data, Yes: zeros") << shortData << true << QByteArray("rtsavgq") << QByteArray("ok 'Halle 3' sets[Zeile:0:7:2EC,Zeile plus 1000:0:7:2EC,:0:7:2EC,:0:7:6EC,:0:7:6EC,:0:7:6EC,:0:7:0EC,:0:7:0EC,:0:7:0EC,:0:7:0EC,:0:7:0EC,:0:7:0EC,:0:7:0EC,:0:7:0EC,:0:7:0EC,:0:7:0EC] axes[-1..18,-1..19,-1..4,-1..5,-1..6,-1..7,-1..8,-1..9,-1..10,-1..11,-1..12,-1..13,-1..14,-1..15,-1..16,-1..17] v[1 17 0|2 18 0|3 0 0|4 0 0|5 0 0|6 0 0|7 0 0|8 0 0|9 0 0|10 0 0|11 0 0|12 0 0|13 0 0|14 0 0|15 0 0|16 0 0] 13.09.2020 15:26:40..13.09.2020 15:28:40 iv=60 n=3 q1w0");
+        QTest::newRow("short data, Yes: zeros") << shortData << true << QByteArray("rtsavgq") << QByteArray("ok 'Halle 3' sets[Zeile:0:7:3EC,Zeile plus 1000:0:7:3EC,:0:7:3EC,:0:7:7EC,:0:7:7EC,:0:7:7EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC] axes[-1..18,-1..19,-1..4,-1..5,-1..6,-1..7,-1..8,-1..9,-1..10,-1..11,-1..12,-1..13,-1..14,-1..15,-1..16,-1..17] v[1 17 0|2 18 0|3 0 0|4 0 0|5 0 0|6 0 0|7 0 0|8 0 0|9 0 0|10 0 0|11 0 0|12 0 0|13 0 0|14 0 0|15 0 0|16 0 0] 13.09.2020 15:26:40..13.09.2020 15:28:40 iv=60 n=3 q1w0");
         QTest::newRow("rows without data") << log([](qvlog::LogLayout &s) {
             s = ringLog(3, 4);
             s.count = 3;
             s.sets[2] = {QByteArray(32, 'R'), 6, 0, 0, 0, 0};
             s.words = {10, 20, 30, 0xBAADF00Du, 900, 900, 11, 21, 0xBAADF00Du, 12, 22, 32};
-        }) << true << QByteArray("rtsavgq") << QByteArray("ok 'Halle 3' sets[Zeile:0:7:2EC,Zeile plus 1000:0:7:2EC,RRRRRRRRRRRRRRRRRRRRRRRRRRRRRRR:0:6:2EC] axes[9..13,19..23,-62639197..3194600584] v[10 - 11 12|20 - 21 22|30 - - 32] 13.09.2020 15:26:40..13.09.2020 15:29:40 iv=60 n=4 q0w0");
+        }) << true << QByteArray("rtsavgq") << QByteArray("ok 'Halle 3' sets[Zeile:0:7:3EC,Zeile plus 1000:0:7:3EC,RRRRRRRRRRRRRRRRRRRRRRRRRRRRRRR:0:6:3EC] axes[9..13,19..23,-62639197..3194600584] v[10 - 11 12|20 - 21 22|30 - - 32] 13.09.2020 15:26:40..13.09.2020 15:29:40 iv=60 n=4 q0w0");
         // clang-format on
     }
 
