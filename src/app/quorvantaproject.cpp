@@ -69,7 +69,7 @@ void QuorvantaClass::s_openProject(QString pFile)
 void QuorvantaClass::s_openRecentFile(QAction *action)
 {
     if (action)
-        s_openProject(action->text());
+        s_openProject(action->data().toString());
 }
 
 bool QuorvantaClass::s_closeProject()
@@ -127,6 +127,8 @@ void QuorvantaClass::m_syncRecentActions()
         ui->menuRecent->addAction(action);
         actions.append(action);
     }
-    for (int i = 0; i < recentFiles.size(); ++i)
-        actions.at(i)->setText(recentFiles.at(i));
+    for (int i = 0; i < recentFiles.size(); ++i) {
+        actions.at(i)->setText(qv::g_menuText(recentFiles.at(i)));
+        actions.at(i)->setData(recentFiles.at(i));
+    }
 }

@@ -1,11 +1,14 @@
 // The user's settings store: read at start, written when the window closes.
 #include "app/quorvantaclass.h"
 
+#include "chart/displaysize.h"
 #include "project/recentfiles.h"
 #include "ui_quorvanta.h"
 
 #include <QActionGroup>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QSettings>
 
 #include <memory>
@@ -32,7 +35,14 @@ void QuorvantaClass::m_readSettings()
     QSettings &s = *store;
     settingsDir = m_getSettingsDir();
     s.value(QStringLiteral("Version"), kVersionNumber).toInt();  // read, not used
-    restoreGeometry(s.value(QStringLiteral("AppPos"), saveGeometry()).toByteArray());
+    if (s.contains(QStringLiteral("AppPos"))) {
+        restoreGeometry(s.value(QStringLiteral("AppPos")).toByteArray());
+    } else if (const QScreen *screen = QGuiApplication::primaryScreen()) {
+        // First start: the designed size where the screen holds it, centred.
+        const QRect free = screen->availableGeometry();
+        resize(qv::g_firstWindowSize(size(), free.size()));
+        move(free.center() - rect().center());
+    }
     restoreState(s.value(QStringLiteral("AppState"), saveState()).toByteArray());
     helpPos = s.value(QStringLiteral("HelpPos"), QByteArray()).toByteArray();
     helpState = s.value(QStringLiteral("HelpState"), QByteArray()).toByteArray();

@@ -60,4 +60,13 @@ DisplaySize g_displaySize(qint32 zoom, QSize available, QSize fittedSize)
     return {QSize(w, h), false};
 }
 
+QSize g_firstWindowSize(QSize designed, QSize available)
+{
+    // Room for a title bar and frame that the free area does not count.
+    constexpr int kFrameWidth = 16;
+    constexpr int kFrameHeight = 48;
+    return QSize(qBound(1, available.width() - kFrameWidth, designed.width()),
+                 qBound(1, available.height() - kFrameHeight, designed.height()));
+}
+
 }  // namespace qv

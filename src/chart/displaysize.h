@@ -30,4 +30,9 @@ struct DisplaySize {
 // available: the central area minus the data set panel and the margins.
 DisplaySize g_displaySize(qint32 zoom, QSize available, QSize fittedSize);
 
+// The main window's size on a first start (no stored place): the designed
+// size, made smaller where the screen's free area (less room for the window
+// frame) cannot hold it.
+QSize g_firstWindowSize(QSize designed, QSize available);
+
 }  // namespace qv

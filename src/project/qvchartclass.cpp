@@ -23,7 +23,7 @@ QVChartClass::QVChartClass(QWidget *mainWindow, QString *projectDir, QString *im
     QWidget *rowParent = rowGrid ? rowGrid->parentWidget() : nullptr;
     const QIcon settingsIcon(QStringLiteral(":/new/prefix1/resources/settings.png"));
     for (int i = 0; i < qv::kMaxDataSets; ++i) {
-        enableBox[i] = new QCheckBox(rowParent);
+        enableBox[i] = new qv::ElidedCheckBox(rowParent);
         enableBox[i]->setObjectName(QStringLiteral("enableBox%1").arg(i));
         enableBox[i]->setEnabled(false);
         setupButton[i] = new QToolButton(rowParent);
@@ -86,7 +86,7 @@ void QVChartClass::m_showRows()
     for (int i = 0; i < qv::kMaxDataSets; ++i) {
         if (!m.row[i].enabled)
             continue;
-        enableBox[i]->setText(g_buffer2QString(settings.name[i], qv::kNameWidth));
+        enableBox[i]->setFullText(g_buffer2QString(settings.name[i], qv::kNameWidth));
         enableBox[i]->setEnabled(true);
         enableBox[i]->setChecked(m.row[i].checked);
         setupButton[i]->setEnabled(true);

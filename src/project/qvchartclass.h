@@ -4,6 +4,7 @@
 #pragma once
 
 #include "project/chartmodel.h"
+#include "ui/elidedcheckbox.h"
 #include "ui/waitcursor.h"
 
 #include <QByteArray>
@@ -69,7 +70,7 @@ private:
     QWidget *mainWindow;
     // Row controls in the main window's panel, found there by object name
     // ("enableBox0".."enableBox15", "setupButton0".., "modeBox", "infoLabel").
-    QCheckBox *enableBox[qv::kMaxDataSets];
+    qv::ElidedCheckBox *enableBox[qv::kMaxDataSets];
     QToolButton *setupButton[qv::kMaxDataSets];
     QCheckBox *modeBox;
     QLabel *infoLabel;

@@ -17,4 +17,10 @@ QString g_titlePath(const QString &path)
     return QStringLiteral("...") + path.right(75);
 }
 
+QString g_menuText(const QString &path)
+{
+    QString text = path;
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
 }  // namespace qv

@@ -16,4 +16,8 @@ void g_addRecentFile(QStringList &recentFiles, const QString &path);
 // followed by its last 75 characters.
 QString g_titlePath(const QString &path);
 
+// The path as a menu entry's text: every '&' doubled, so that it shows as it
+// is instead of marking a shortcut.
+QString g_menuText(const QString &path);
+
 }  // namespace qv

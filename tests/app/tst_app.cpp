@@ -54,6 +54,12 @@ QString applyRule(const QString &rule, const QString &input)
             argv << a.constData();
         return g_projectArgument(argv.size(), argv.constData());
     }
+    if (rule == QLatin1String("menu"))  // a recent path as its menu text
+        return g_menuText(input);
+    if (rule == QLatin1String("window")) {  // designed | free screen area
+        const QSize size = g_firstWindowSize(sizeOf(f[0]), sizeOf(f[1]));
+        return QStringLiteral("%1 %2").arg(size.width()).arg(size.height());
+    }
     if (rule == QLatin1String("zoom"))  // in and out from a display size mode
         return QStringLiteral("%1 %2").arg(g_zoomIn(modeOf(f[0]))).arg(g_zoomOut(modeOf(f[0])));
     if (rule == QLatin1String("size")) {  // mode | available | last fitted
@@ -132,6 +138,9 @@ void TestApp::rules_data()
     QTest::newRow("argv: one, backslashes") << "C:\\Daten\\a.qvj" << "C:/Daten/a.qvj";
     QTest::newRow("argv: Latin-1") << QStringLiteral("/d/K\u00e4lte.qvj") << QStringLiteral("/d/K\u00e4lte.qvj");
     QTest::newRow("argv: two are ignored") << "/a.qvj|/b.qvj" << "";
+    QTest::newRow("menu: & shows as it is") << "/d/R&D/a.qvj" << "/d/R&&D/a.qvj";
+    QTest::newRow("window: the designed size where it fits") << "1280 860|1920 1040" << "1280 860";
+    QTest::newRow("window: 1366 x 768 makes it smaller") << "1280 860|1366 728" << "1280 680";
     QTest::newRow("zoom: a fit mode counts as 100") << "height" << "150 90";
     QTest::newRow("zoom: 1000 is the top") << "1000" << "1000 950";
     QTest::newRow("zoom: 101") << "101" << "151 51";
