@@ -179,6 +179,18 @@ Zu viele Spalten.</translation>
         <translation> (min %1 / ⌀ %2 / max %3 %4)</translation>
     </message>
     <message>
+        <source>No data to draw: the project holds no data sets.</source>
+        <translation>Nichts zu zeichnen: Das Projekt enthält keine Datensätze.</translation>
+    </message>
+    <message>
+        <source>Too few samples to draw a chart (at least 8 per data set).</source>
+        <translation>Zu wenige Messwerte für ein Diagramm (mindestens 8 je Datensatz).</translation>
+    </message>
+    <message>
+        <source>No data set is shown: tick a row to draw it.</source>
+        <translation>Kein Datensatz eingeblendet: Haken Sie eine Zeile an, um sie zu zeichnen.</translation>
+    </message>
+    <message>
         <source> (%1 / %2 / %3 %4)</source>
         <translation> (%1 / %2 / %3 %4)</translation>
     </message>

@@ -80,6 +80,11 @@ void g_addValueAxes(QChart *chart, const settingsT &settings, const QVector<int>
         if (style.forPrint)
             widenGrid(axis);
         setFonts(axis, style.fontSize);
+        // Each axis in its series' colour, so that several axes on one
+        // side can be told apart.
+        const QColor colour = QColor::fromRgba(settings.color[i]);
+        axis->setLabelsColor(colour);
+        axis->setTitleBrush(colour);
         series[j]->attachAxis(axis);
     }
 }

@@ -20,14 +20,14 @@ struct AxisStyle {
     bool forPrint = false;  // thicker grid (and time axis line) on paper
 };
 
-// Bottom date-time axis "dd.MM.yyyy " with 31 ticks turned by 270 degrees,
+// Bottom date-time axis (format as the visible window needs) with 31 ticks turned by 270 degrees,
 // attached to every series in attachTo.
 void g_addTimeAxis(QtCharts::QChart *chart, const QVector<QtCharts::QAbstractSeries *> &attachTo,
                    const AxisStyle &style);
 
 // One value axis per entry of series (the shown data sets in slot order,
 // matching dataSets): label format, unit title, fixed range, 21 ticks, grid
-// only on the first, no axis line, hidden unless its axis bit is set, left
+// only on the first, no axis line, labels and title in the series' colour, hidden unless its axis bit is set, left
 // or right as its side bit says.
 void g_addValueAxes(QtCharts::QChart *chart, const settingsT &settings, const QVector<int> &dataSets,
                     const QVector<QtCharts::QXYSeries *> &series, const AxisStyle &style);

@@ -8,6 +8,9 @@
 #include "project/fixedstring.h"
 
 #include <QCoreApplication>
+#include <QFontMetricsF>
+#include <QGraphicsSimpleTextItem>
+#include <QtCharts/QDateTimeAxis>
 #include <QtCharts/QAreaSeries>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
@@ -26,6 +29,52 @@ QFont resized(QFont font, int pointSize)
 {
     font.setPointSize(pointSize);
     return font;
+}
+
+// A legend above or below the plot shows every entry in full: it stands
+// free of the chart's layout, wraps into as many rows as its entries need,
+// and the chart's margin on its side grows by their height. Relaid out when
+// the chart is resized and when the statistics rename the series. An entry
+// wider than the whole line is cut and shows its full text as a tool tip.
+void flowLegend(QChart *chart, Qt::Alignment side)
+{
+    QLegend *legend = chart->legend();
+    legend->setShowToolTips(true);
+    if (side != Qt::AlignTop && side != Qt::AlignBottom)
+        return;
+    legend->detachFromChart();
+    legend->setAlignment(Qt::AlignTop);  // rows in reading order
+    const QMargins base = chart->margins();
+    auto relayout = [chart, legend, side, base]() {
+        const QRectF area = chart->rect();
+        const qreal line = area.width() - base.left() - base.right();
+        if (line <= 0)
+            return;
+        const QFontMetricsF metrics(legend->font());
+        // A marker entry: symbol, spacing and the text item's own margins.
+        const qreal extra = metrics.height() + 36;
+        QVector<qreal> widths;
+        for (QLegendMarker *marker : legend->markers()) {
+            // The band areas have no entry (their markers are hidden).
+            if (marker->series()->type() != QAbstractSeries::SeriesTypeArea)
+                widths << metrics.horizontalAdvance(marker->label()) + extra;
+        }
+        const qreal rowHeight = metrics.height() + 16;
+        const int height = int(g_legendRows(widths, line) * rowHeight + 0.999);
+        QMargins margins = base;
+        if (side == Qt::AlignTop) {
+            margins.setTop(base.top() + height);
+            legend->setGeometry(QRectF(base.left(), base.top() / 2.0, line, height));
+        } else {
+            margins.setBottom(base.bottom() + height);
+            legend->setGeometry(QRectF(base.left(), area.bottom() - base.bottom() / 2.0 - height, line, height));
+        }
+        chart->setMargins(margins);
+        legend->update();
+    };
+    QObject::connect(chart, &QGraphicsWidget::geometryChanged, chart, relayout);
+    for (QAbstractSeries *series : chart->series())
+        QObject::connect(series, &QAbstractSeries::nameChanged, chart, relayout);
 }
 
 void styleChart(QChart *chart, const settingsT &s, const FontSizes &sizes)
@@ -122,7 +171,35 @@ ChartBuild g_buildChart(ChartModel &model, int viewWidth, bool forPrint)
     g_addValueAxes(chart, s, shownSets, build.dataSeries, style);
     if (!bandAreas.isEmpty())
         g_addBandAxis(chart, bandAreas, style);
+    g_applyTimeWindow(chart, s.viewBegin, s.viewEnd);
+    Qt::Alignment side;
+    if (g_legendAlignment(s.legendPosition, side))
+        flowLegend(chart, side);
     return build;
+}
+
+QChart *g_buildMessageChart(const QString &text, int viewWidth)
+{
+    auto *chart = new QChart;
+    chart->legend()->hide();
+    auto *item = new QGraphicsSimpleTextItem(text, chart);
+    item->setFont(resized(item->font(), g_fontSizes(viewWidth).legend));
+    item->setBrush(chart->titleBrush());
+    QObject::connect(chart, &QGraphicsWidget::geometryChanged, chart, [chart, item]() {
+        const QRectF box = item->boundingRect();
+        item->setPos(chart->rect().center() - box.center());
+    });
+    return chart;
+}
+
+void g_applyTimeWindow(QChart *chart, qint64 from, qint64 to)
+{
+    if (!chart)
+        return;
+    for (QAbstractAxis *axis : chart->axes(Qt::Horizontal)) {
+        if (auto *time = qobject_cast<QDateTimeAxis *>(axis))
+            time->setFormat(g_timeAxisFormat(from, to, time->tickCount()));
+    }
 }
 
 void g_installChart(QChartView *view, QChart *chart)

@@ -6,6 +6,7 @@
 
 #include "project/chartmodel.h"
 
+#include <QString>
 #include <QVector>
 #include <QtCharts/QChartGlobal>
 
@@ -33,6 +34,13 @@ struct ChartBuild {
 // model's work buffers (displayData, displayModeCodes). Returns an empty
 // build, creating nothing, when the model has no drawable data.
 ChartBuild g_buildChart(ChartModel &model, int viewWidth, bool forPrint);
+
+// A chart without series that says, centred, why nothing can be drawn.
+QtCharts::QChart *g_buildMessageChart(const QString &text, int viewWidth);
+
+// The time axis labels suit the visible window from..to (see
+// g_timeAxisFormat); runs with every build and every zoom step.
+void g_applyTimeWindow(QtCharts::QChart *chart, qint64 from, qint64 to);
 
 // The view takes chart; its previous chart is released by deferred deletion.
 void g_installChart(QtCharts::QChartView *view, QtCharts::QChart *chart);

@@ -2,6 +2,8 @@
 
 #include "project/fixedstring.h"
 
+#include <QDateTime>
+
 namespace qv {
 
 ChartCheck g_checkChartData(const ChartModel &model)
@@ -18,6 +20,21 @@ ChartCheck g_checkChartData(const ChartModel &model)
     return ChartCheck::Drawable;
 }
 
+const char *g_chartCheckText(ChartCheck check)
+{
+    switch (check) {
+    case ChartCheck::NoDataSets:
+        return QT_TRANSLATE_NOOP("QVChartClass", "No data to draw: the project holds no data sets.");
+    case ChartCheck::TooFewSamples:
+        return QT_TRANSLATE_NOOP("QVChartClass", "Too few samples to draw a chart (at least 8 per data set).");
+    case ChartCheck::NothingShown:
+        return QT_TRANSLATE_NOOP("QVChartClass", "No data set is shown: tick a row to draw it.");
+    case ChartCheck::Drawable:
+        break;
+    }
+    return nullptr;
+}
+
 int g_leadDataSet(const ChartModel &model)
 {
     const int dataSets = model.usedDataSets();
@@ -31,9 +48,9 @@ int g_leadDataSet(const ChartModel &model)
 FontSizes g_fontSizes(int viewWidth)
 {
     FontSizes sizes;
-    sizes.legend = qMax(1, viewWidth / 148);
+    sizes.legend = qMax(9, viewWidth / 148);
     sizes.title = qMax(1, viewWidth / 80);
-    sizes.axis = qMax(1, viewWidth / 140);
+    sizes.axis = qMax(8, viewWidth / 140);
     return sizes;
 }
 
@@ -55,6 +72,54 @@ bool g_legendAlignment(quint8 legendPosition, Qt::Alignment &alignment)
     default:
         return false;
     }
+}
+
+namespace {
+
+// Whether format gives every tick a label different from its neighbour's.
+bool labelsDiffer(qint64 begin, qint64 end, int tickCount, const QString &format)
+{
+    QString previous;
+    for (int k = 0; k < tickCount; ++k) {
+        const qint64 t = begin + qint64(double(end - begin) * k / (tickCount - 1));
+        const QString label = QDateTime::fromMSecsSinceEpoch(t).toString(format);
+        if (k > 0 && label == previous)
+            return false;
+        previous = label;
+    }
+    return true;
+}
+
+}  // namespace
+
+QString g_timeAxisFormat(qint64 begin, qint64 end, int tickCount)
+{
+    static const char *const kOneDay[] = {"hh:mm ", "hh:mm:ss ", "hh:mm:ss.zzz "};
+    static const char *const kDays[] = {"dd.MM.yyyy ", "dd.MM. hh:mm ", "dd.MM. hh:mm:ss ", "dd.MM. hh:mm:ss.zzz "};
+    if (tickCount < 2 || end <= begin)
+        return QString::fromLatin1(kDays[0]);
+    const bool oneDay = QDateTime::fromMSecsSinceEpoch(begin).date() == QDateTime::fromMSecsSinceEpoch(end).date();
+    const char *const *formats = oneDay ? kOneDay : kDays;
+    const int count = oneDay ? 3 : 4;
+    for (int j = 0; j < count - 1; ++j) {
+        if (labelsDiffer(begin, end, tickCount, QString::fromLatin1(formats[j])))
+            return QString::fromLatin1(formats[j]);
+    }
+    return QString::fromLatin1(formats[count - 1]);
+}
+
+int g_legendRows(const QVector<qreal> &entryWidths, qreal lineWidth)
+{
+    int rows = entryWidths.isEmpty() ? 0 : 1;
+    qreal x = 0;
+    for (int k = 0; k < entryWidths.size(); ++k) {
+        x += entryWidths[k];
+        if (x + entryWidths[k] > lineWidth && k + 1 < entryWidths.size()) {
+            x = 0;
+            ++rows;
+        }
+    }
+    return rows;
 }
 
 int g_penWidth(quint8 lineWidth, bool forPrint)

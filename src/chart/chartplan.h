@@ -6,6 +6,7 @@
 #include "project/chartmodel.h"
 
 #include <QString>
+#include <QVector>
 #include <Qt>
 
 namespace qv {
@@ -17,15 +18,20 @@ enum class ChartCheck {
     NothingShown,   // no data set has its shown bit set
 };
 
-// A build that is not Drawable leaves the previous chart untouched.
 ChartCheck g_checkChartData(const ChartModel &model);
+
+// Why nothing can be drawn, as the English source text (context
+// "QVChartClass") that the chart area shows instead of a chart; null for
+// Drawable.
+const char *g_chartCheckText(ChartCheck check);
 
 // The first shown data set in use (it carries the time axis and the state
 // bands), or -1.
 int g_leadDataSet(const ChartModel &model);
 
 // Fonts scale with the view width W by integer division: legend W/148, title
-// W/80, axis labels and titles W/140; never below 1 point.
+// W/80, axis labels and titles W/140; the legend never below 9 points and
+// the axes never below 8, so that small windows stay legible.
 struct FontSizes {
     int legend = 1;
     int title = 1;
@@ -36,6 +42,19 @@ FontSizes g_fontSizes(int viewWidth);
 // Legend position 1 top, 2 right, 3 bottom, 4 left; false (legend hidden)
 // for 0 or any other value.
 bool g_legendAlignment(quint8 legendPosition, Qt::Alignment &alignment);
+
+// Date-time format of a time axis whose tickCount ticks are spread evenly
+// over begin..end (local time): "dd.MM.yyyy " while every tick falls on a
+// day of its own; within one day the time alone ("hh:mm ", with seconds or
+// milliseconds where minutes would repeat); otherwise day and time
+// ("dd.MM. hh:mm ", likewise finer where needed).
+QString g_timeAxisFormat(qint64 begin, qint64 end, int tickCount);
+
+// Rows that a legend laid out left to right needs for entries of the given
+// widths in a line of the given width. An entry starts a new row after one
+// whose end, plus its own width again, would pass the line's end (the way
+// the chart's free-standing legend wraps).
+int g_legendRows(const QVector<qreal> &entryWidths, qreal lineWidth);
 
 // Pen width of a data set's series; printing uses four times the width.
 int g_penWidth(quint8 lineWidth, bool forPrint);

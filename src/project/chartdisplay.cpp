@@ -2,17 +2,23 @@
 
 #include "chart/chartbuilder.h"
 #include "chart/chartplan.h"
+#include "ui/charttexts.h"
 
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QXYSeries>
 
 // Draws the chart of the loaded project into a chart view: this widget, or a
 // print view (thicker lines, more points, no hover). The chart is always
-// built anew; a model that cannot be drawn leaves the previous chart alone.
+// built anew; a model that cannot be drawn gets a chart area that says why.
 void QVChartClass::m_displayChart(QtCharts::QChartView *view, bool forPrint)
 {
-    if (!view || qv::g_checkChartData(model()) != qv::ChartCheck::Drawable)
+    if (!view)
         return;
+    const qv::ChartCheck check = qv::g_checkChartData(model());
+    if (check != qv::ChartCheck::Drawable) {
+        qv::g_installChart(view, qv::g_buildMessageChart(qv::g_chartText(qv::g_chartCheckText(check)), view->width()));
+        return;
+    }
 
     // The band lines belong to no chart; release those of the last build
     // (nameless from now on, so that only the current pair is found by name).

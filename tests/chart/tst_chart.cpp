@@ -2,6 +2,7 @@
 // widgets); what a build puts into the chart; the chart widget's row boxes
 // and zoom window.
 #include "chart/chartbuilder.h"
+#include "chart/chartplan.h"
 #include "chart/reduction.h"
 #include "chart/statistics.h"
 #include "project/fixedstring.h"
@@ -9,6 +10,7 @@
 #include "project/qvchartclass.h"
 
 #include <QCheckBox>
+#include <QGraphicsSimpleTextItem>
 #include <QGridLayout>
 #include <QtCharts/QAreaSeries>
 #include <QtCharts/QChart>
@@ -78,6 +80,7 @@ std::unique_ptr<ChartModel> makeModel(int dataSets, int samples, const QVector<d
         s.decimals[i] = quint8(i % 3);
         s.axisMin[i] = -i;
         s.axisMax[i] = 100 + i;
+        s.color[i] = 0xFF000000u | (0x203040u * quint32(i + 1));
     }
     for (int i = 0; i < kMaxDataSets; ++i)
         s.lineFlags[i] = shown.contains(i) ? s.lineFlags[i] | kLineShown : s.lineFlags[i] & ~kLineShown;
@@ -119,6 +122,10 @@ QString buildText(ChartModel &model)
         if (area ? area->upperSeries() != (j ? b.upperBand : b.lowerBand) || area->lowerSeries()
                  : b.dataSeries.value(j - bands) != s)
             described << QStringLiteral("wrong band lines or data series");
+        auto *xy = qobject_cast<QXYSeries *>(s);
+        auto *axis = qobject_cast<QValueAxis *>(b.chart->axes(Qt::Vertical, s).value(0));
+        if (!area && (axis->labelsColor() != xy->pen().color() || axis->titleBrush().color() != xy->pen().color()))
+            described << QStringLiteral("axis not in its series' colour");
         auto *y = qobject_cast<QValueAxis *>(b.chart->axes(Qt::Vertical, s).value(0));
         const bool line = s->type() == QAbstractSeries::SeriesTypeLine;
         described << QStringList{QLatin1String(area   ? "area"
@@ -204,6 +211,23 @@ QString applyRule(const QString &rule, const QString &input)
         }
         return buildText(*model);
     }
+    if (rule == QLatin1String("timeaxis"))  // begin, end as "yyyy-MM-dd hh:mm:ss.zzz" local | ticks
+        return g_timeAxisFormat(
+            QDateTime::fromString(f[0], QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")).toMSecsSinceEpoch(),
+            QDateTime::fromString(f[1], QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")).toMSecsSinceEpoch(), int(c[0]));
+    if (rule == QLatin1String("legend"))  // entry widths | line width
+        return QString::number(g_legendRows(a, b[0]));
+    if (rule == QLatin1String("empty")) {  // data sets, samples | shown sets: what the chart area says
+        Widget w(*makeModel(int(a[0]), 8, b));
+        w.chart.model().data(0)->count = int(a[1]);
+        w.chart.m_displayChart(&w.chart, false);
+        const QList<QGraphicsItem *> items = w.chart.chart()->childItems();
+        for (QGraphicsItem *item : items) {
+            if (auto *text = dynamic_cast<QGraphicsSimpleTextItem *>(item))
+                return text->text() + QLatin1String(w.chart.chart()->series().isEmpty() ? "" : " over series");
+        }
+        return QStringLiteral("%1 series").arg(w.chart.chart()->series().size());
+    }
     return QStringLiteral("no such rule");
 }
 
@@ -272,6 +296,20 @@ void TestChart::rules_data()
         << "1 1|0 3 0 7"
         << "area 0..8200 R %i hidden T -; area 0..8200 R %i hidden T -; "
            "line u1 -1..101 L %.1f grid T; line u3 -3..103 R %.0f";
+    QTest::newRow("timeaxis: 31 ticks on 31 days keep the date") << "2026-03-01 00:00:00.000|2026-03-31 00:00:00.000|31" << "dd.MM.yyyy ";
+    QTest::newRow("timeaxis: 13 days repeat days: date and time") << "2026-03-01 10:00:00.000|2026-03-14 10:00:00.000|31" << "dd.MM. hh:mm ";
+    QTest::newRow("timeaxis: 70 minutes in one day: time alone") << "2026-03-01 10:00:00.000|2026-03-01 11:10:00.000|31" << "hh:mm ";
+    QTest::newRow("timeaxis: 10 minutes need seconds") << "2026-03-01 10:00:00.000|2026-03-01 10:10:00.000|31" << "hh:mm:ss ";
+    QTest::newRow("timeaxis: 2 seconds need milliseconds") << "2026-03-01 10:00:00.000|2026-03-01 10:00:02.000|31" << "hh:mm:ss.zzz ";
+    QTest::newRow("timeaxis: over midnight, seconds apart") << "2026-03-01 23:59:00.000|2026-03-02 00:01:00.000|31" << "dd.MM. hh:mm:ss ";
+    QTest::newRow("timeaxis: no span keeps the date") << "2026-03-01 10:00:00.000|2026-03-01 10:00:00.000|31" << "dd.MM.yyyy ";
+    QTest::newRow("legend: all in one line") << "100 100 100|300" << "1";
+    QTest::newRow("legend: wraps when the next as wide would pass the end") << "100 100 100|299" << "2";
+    QTest::newRow("legend: 16 entries of 250 in 1100") << "250 250 250 250 250 250 250 250 250 250 250 250 250 250 250 250|1100" << "4";
+    QTest::newRow("legend: none") << "|500" << "0";
+    QTest::newRow("empty: too few samples says so") << "2 7|0 1" << "Too few samples to draw a chart (at least 8 per data set).";
+    QTest::newRow("empty: nothing shown says so") << "2 8|" << "No data set is shown: tick a row to draw it.";
+    QTest::newRow("empty: drawable draws") << "2 8|1" << "1 series";
     // clang-format on
 }
 
