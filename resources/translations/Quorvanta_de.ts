@@ -13,6 +13,29 @@
     </message>
 </context>
 <context>
+    <name>ChooseDialogClass</name>
+    <message>
+        <source>Date/Time</source>
+        <translation>Datum/Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Invalid Data</source>
+        <translation>Ungültige Daten</translation>
+    </message>
+    <message>
+        <source>Creating Table...</source>
+        <translation>Tabelle wird erstellt...</translation>
+    </message>
+    <message>
+        <source>Chart Data...</source>
+        <translation>Diagrammdaten...</translation>
+    </message>
+    <message>
+        <source>Please select at least 16 rows !</source>
+        <translation>Bitte mindestens 16 Zeilen auswählen !</translation>
+    </message>
+</context>
+<context>
     <name>HelpWindowClass</name>
     <message>
         <source>Quorvanta Help</source>
@@ -440,6 +463,13 @@ Zu viele Spalten.</translation>
     <message>
         <source>Save changes before closing the project?</source>
         <translation>Änderungen vor dem Schließen des Projekts speichern?</translation>
+    </message>
+</context>
+<context>
+    <name>chooseDialog</name>
+    <message>
+        <source>Choose Data</source>
+        <translation>Daten auswählen</translation>
     </message>
 </context>
 <context>

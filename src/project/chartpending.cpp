@@ -1,5 +1,5 @@
 // Chart commands whose dialogs and output arrive with their own subsystems
-// (chart settings, data selection, single-series settings, printing, PDF,
+// (chart settings, single-series settings, printing, PDF,
 // hover callouts). Until then they leave the project as it is.
 #include "project/qvchartclass.h"
 
@@ -8,8 +8,6 @@ void QVChartClass::s_exportPDF() {}
 void QVChartClass::s_print() {}
 
 void QVChartClass::s_formatChart() {}
-
-void QVChartClass::s_chooseData() {}
 
 void QVChartClass::s_printDocument(QPrinter *printer)
 {

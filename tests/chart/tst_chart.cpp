@@ -1,7 +1,9 @@
 // The chart: group size, reduction, window statistics and legend texts (no
 // widgets); what a build puts into the chart; the chart widget's row boxes
 // and zoom window.
+#include "app/scripteddialogs.h"
 #include "chart/chartbuilder.h"
+#include "chart/choosetable.h"
 #include "chart/chartplan.h"
 #include "chart/reduction.h"
 #include "chart/statistics.h"
@@ -10,6 +12,9 @@
 #include "project/qvchartclass.h"
 
 #include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QTableView>
 #include <QGraphicsSimpleTextItem>
 #include <QGridLayout>
 #include <QtCharts/QAreaSeries>
@@ -231,6 +236,65 @@ QString applyRule(const QString &rule, const QString &input)
     return QStringLiteral("no such rule");
 }
 
+// The data selection command on three shown data sets of 100 samples (set 1
+// in °C with one decimal, missing at row 3, 21.456 at row 4), started from a
+// range and zoom window in minutes: the rows selected on opening, what the
+// action did, the messages, then the range, the window and the recount.
+QString chooseRun(const QString &input)
+{
+    const QStringList f = input.split(QLatin1Char('|'));
+    const QVector<double> r = nums(f[0]), a = nums(f[1].section(QLatin1Char(' '), 1));
+    auto model = makeModel(3, 100, {0, 1, 2});
+    g_char2Buffer(model->settings.unit[1],
+                  "\xB0"
+                  "C",
+                  kUnitWidth);
+    model->data(1)->value[3] = kMissingValue;
+    model->data(1)->value[4] = 21.456;
+    Widget w(*model);
+    settingsT &s = w.chart.model().settings;
+    qint64 *fields[] = {&s.rangeBegin, &s.rangeEnd, &s.viewBegin, &s.viewEnd};
+    for (int i = 0; i < 4; ++i)
+        *fields[i] = kStart + qint64(r[i] * kMinute);
+    w.chart.model().recountRange();
+    qvtest::ScriptedDialogs dialogs;
+    QString seen;
+    QObject::connect(&w.chart, &QVChartClass::m_showHelp,
+                     [&](QWidget *, QString *page) { seen += QLatin1String(" help ") + *page; });
+    dialogs.onExec = [&](QDialog &d) {
+        auto *table = d.findChild<QTableView *>(QStringLiteral("tableChoose"));
+        auto *buttons = d.findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"));
+        const QModelIndexList rows = table->selectionModel()->selectedRows();
+        seen = QStringLiteral("rows %1-%2").arg(rows.first().row()).arg(rows.last().row());
+        d.show();
+        if (f[1].startsWith(QLatin1String("cells"))) {
+            for (int c = 0; c < 4; ++c)
+                seen += QLatin1Char(',') + table->model()->headerData(c, Qt::Horizontal).toString();
+            for (int c = 1; c < 4; ++c)
+                seen += QLatin1Char(',') + table->model()->index(int(a[0]), c).data().toString();
+            buttons->button(QDialogButtonBox::Help)->click();
+            buttons->button(QDialogButtonBox::Cancel)->click();
+        } else {
+            table->clearSelection();
+            if (!a.isEmpty())
+                table->selectionModel()->select(
+                    QItemSelection(table->model()->index(int(a[0]), 0), table->model()->index(int(a[1]), 0)),
+                    QItemSelectionModel::Select | QItemSelectionModel::Rows);
+            buttons->button(QDialogButtonBox::Ok)->click();
+        }
+        seen += QLatin1String(d.isVisible() ? " open" : " closed");
+        return d.result();
+    };
+    w.chart.s_chooseData();
+    for (const MessageRecord &m : dialogs.messages)
+        seen += QStringLiteral("; %1: %2").arg(m.title, m.text);
+    QStringList minutes;
+    for (qint64 *t : fields)
+        minutes << QString::number(double(*t - kStart) / kMinute);
+    return seen + QLatin1String("; ") + minutes.join(QLatin1Char(' ')) +
+           QStringLiteral(" (%1)").arg(s.rangeSampleCount);
+}
+
 }  // namespace
 
 class TestChart : public QObject
@@ -241,6 +305,8 @@ private slots:
     void rules_data();
     void rules();
     void rowBoxesKeepTheZoomWindow();
+    void chooseData_data();
+    void chooseData();
 };
 
 void TestChart::rules_data()
@@ -348,6 +414,40 @@ void TestChart::rowBoxesKeepTheZoomWindow()
     QCOMPARE(rows, QStringLiteral("++------"));
     QCOMPARE(w.chart.chart()->series().size(), 1);
     QCOMPARE(s.viewBegin, minute(100));
+}
+
+void TestChart::chooseData_data()
+{
+    // clang-format off
+    QTest::addColumn<QString>("input");
+    QTest::addColumn<QString>("expected");
+    // Range and zoom window in minutes | action on the dialog.
+    QTest::newRow("16 rows accepted; begin kept leaves the zoom begin") << "10 80 20 70|select 10 25" << "rows 10-80 closed; 10 25 20 25 (16)";
+    QTest::newRow("end kept leaves the zoom end") << "10 80 20 70|select 5 80" << "rows 10-80 closed; 5 80 5 70 (76)";
+    QTest::newRow("15 rows refused, the dialog stays open") << "10 80 20 70|select 10 24" << "rows 10-80 open; Quorvanta Error: Please select at least 16 rows !; 10 80 20 70 (71)";
+    QTest::newRow("no selection keeps the range") << "10 80 20 70|select" << "rows 10-80 closed; 10 80 20 70 (71)";
+    QTest::newRow("a range between samples opens on the samples before") << "10.5 79.5 10.5 79.5|cells 4" << QString::fromUtf8("rows 10-79,Date/Time,Set 0,Set 1,Set 2,2 u0,21.5 °C,22.00 u2 help choose.html closed; 10.5 79.5 10.5 79.5 (69)");
+    QTest::newRow("a range before the first sample opens on row 0") << "-5 0 -5 0|cells 3" << "rows 0-0,Date/Time,Set 0,Set 1,Set 2,2 u0,Invalid Data,21.50 u2 help choose.html closed; -5 0 -5 0 (1)";
+    // Available width, columns | widths of all but the last column.
+    QTest::newRow("widths: three shown data sets in 1000 pixels") << "|1000 4" << "250 250 250";
+    QTest::newRow("widths: a wide table does not overflow") << "|100000 3" << "33332 33332";
+    QTest::newRow("widths: none below zero, the only column stretches") << "|-5 2" << "0";
+    // clang-format on
+}
+
+void TestChart::chooseData()
+{
+    QFETCH(QString, input);
+    QFETCH(QString, expected);
+    QString got;
+    if (input.startsWith(QLatin1Char('|'))) {
+        const QVector<double> a = nums(input.mid(1));
+        for (int width : g_chooseColumnWidths(int(a[0]), int(a[1])))
+            got += QString::number(width) + QLatin1Char(' ');
+    } else {
+        got = chooseRun(input);
+    }
+    QCOMPARE(got.trimmed(), expected);
 }
 
 QTEST_MAIN(TestChart)
