@@ -18,6 +18,9 @@
 #include <QtCharts/QLegendMarker>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QSplineSeries>
+#include <QtCharts/QValueAxis>
+
+#include <cmath>
 
 using namespace QtCharts;
 
@@ -31,11 +34,41 @@ QFont resized(QFont font, int pointSize)
     return font;
 }
 
+// Height a legend of the given font needs for its entries in a line of the
+// given width.
+qreal legendHeight(QLegend *legend, const QFont &font, qreal line)
+{
+    const QFontMetricsF metrics(font);
+    // A marker entry: symbol, spacing and the text item's own margins.
+    const qreal extra = metrics.height() + 24;
+    QVector<qreal> widths;
+    for (QLegendMarker *marker : legend->markers()) {
+        // The band areas have no entry (their markers are hidden).
+        if (marker->series()->type() != QAbstractSeries::SeriesTypeArea)
+            widths << metrics.horizontalAdvance(marker->label()) + extra;
+    }
+    return std::ceil(g_legendRows(widths, line) * (metrics.height() + 11));
+}
+
+// Height below which a value axis starts cutting its labels: each of its
+// ticks needs a label line and some padding.
+qreal valueAxisNeed(QChart *chart)
+{
+    for (QAbstractAxis *axis : chart->axes(Qt::Vertical)) {
+        auto *values = qobject_cast<QValueAxis *>(axis);
+        if (values && values->isVisible())
+            return values->tickCount() * (QFontMetricsF(values->labelsFont()).height() + 10);
+    }
+    return 0;
+}
+
 // A legend above or below the plot shows every entry in full: it stands
 // free of the chart's layout, wraps into as many rows as its entries need,
-// and the chart's margin on its side grows by their height. Relaid out when
-// the chart is resized and when the statistics rename the series. An entry
-// wider than the whole line is cut and shows its full text as a tool tip.
+// and the chart's margin on its side grows by their height. Where that would
+// leave the value axes too short for their labels, the legend font shrinks,
+// but not below 7 points. Relaid out when the chart is resized and when the
+// statistics rename the series. An entry wider than the whole line is cut
+// and shows its full text as a tool tip.
 void flowLegend(QChart *chart, Qt::Alignment side)
 {
     QLegend *legend = chart->legend();
@@ -45,28 +78,27 @@ void flowLegend(QChart *chart, Qt::Alignment side)
     legend->detachFromChart();
     legend->setAlignment(Qt::AlignTop);  // rows in reading order
     const QMargins base = chart->margins();
-    auto relayout = [chart, legend, side, base]() {
+    const QFont chosen = legend->font();
+    auto relayout = [chart, legend, side, base, chosen]() {
         const QRectF area = chart->rect();
         const qreal line = area.width() - base.left() - base.right();
         if (line <= 0)
             return;
-        const QFontMetricsF metrics(legend->font());
-        // A marker entry: symbol, spacing and the text item's own margins.
-        const qreal extra = metrics.height() + 36;
-        QVector<qreal> widths;
-        for (QLegendMarker *marker : legend->markers()) {
-            // The band areas have no entry (their markers are hidden).
-            if (marker->series()->type() != QAbstractSeries::SeriesTypeArea)
-                widths << metrics.horizontalAdvance(marker->label()) + extra;
+        const qreal room = area.height() - base.top() - base.bottom() - valueAxisNeed(chart);
+        QFont font = chosen;
+        qreal height = legendHeight(legend, font, line);
+        while (height > room && font.pointSize() > 7) {
+            font.setPointSize(font.pointSize() - 1);
+            height = legendHeight(legend, font, line);
         }
-        const qreal rowHeight = metrics.height() + 16;
-        const int height = int(g_legendRows(widths, line) * rowHeight + 0.999);
+        if (legend->font() != font)
+            legend->setFont(font);
         QMargins margins = base;
         if (side == Qt::AlignTop) {
-            margins.setTop(base.top() + height);
+            margins.setTop(base.top() + int(height));
             legend->setGeometry(QRectF(base.left(), base.top() / 2.0, line, height));
         } else {
-            margins.setBottom(base.bottom() + height);
+            margins.setBottom(base.bottom() + int(height));
             legend->setGeometry(QRectF(base.left(), area.bottom() - base.bottom() / 2.0 - height, line, height));
         }
         chart->setMargins(margins);

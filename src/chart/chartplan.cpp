@@ -50,7 +50,7 @@ FontSizes g_fontSizes(int viewWidth)
     FontSizes sizes;
     sizes.legend = qMax(9, viewWidth / 148);
     sizes.title = qMax(1, viewWidth / 80);
-    sizes.axis = qMax(8, viewWidth / 140);
+    sizes.axis = qMax(7, viewWidth / 140);
     return sizes;
 }
 

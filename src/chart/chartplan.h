@@ -31,7 +31,7 @@ int g_leadDataSet(const ChartModel &model);
 
 // Fonts scale with the view width W by integer division: legend W/148, title
 // W/80, axis labels and titles W/140; the legend never below 9 points and
-// the axes never below 8, so that small windows stay legible.
+// the axes never below 7, so that small windows stay legible.
 struct FontSizes {
     int legend = 1;
     int title = 1;
