@@ -116,6 +116,7 @@ private slots:
         QByteArrayList odd{"31.02.2021 10:00:00", "29.02.2100 10:00:00", "01.13.2021 10:00:00",  "01.01.2021 24:00:00",
                            "01.01.2021 23:59:60", "1.01.2021 10:00:00",  "01.01.2021 10:00:00 ", "01.01.+021 10:00:00",
                            "01.01.2021 -1:00:00", "01.01.0000 10:00:00", "01.01.9999 23:59:59",  ""};
+        odd << "30.02.2020 10:00:00";  // a leap year's February still ends on the 29th
         for (QDate d(1969, 12, 30); d.year() < 2039; d = d.addDays(13))
             odd << d.toString(QStringLiteral("dd.MM.yyyy 23:59:59")).toLatin1();
         for (const QByteArray &t : odd) {
