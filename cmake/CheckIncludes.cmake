@@ -2,7 +2,8 @@
 #   app -> project -> chart, import, dialogs, help, update -> ui -> core
 # A core source (listed in CORE_LIST) includes core headers only. A widget
 # source includes core headers, headers of its own folder and widget headers
-# of the layers below its own. quorvanta-cli (cli/) sees the core only.
+# of the layers below its own. quorvanta-cli (cli/) sees the core and, to draw
+# the printed page off-screen, the widget headers of ui/ and chart/ only.
 # Run: cmake -DSRC=<src dir> -DCORE_LIST=<file with one core source a line> -P CheckIncludes.cmake
 cmake_minimum_required(VERSION 3.16)
 
@@ -15,6 +16,7 @@ set(rank_help 2)
 set(rank_update 2)
 set(rank_project 3)
 set(rank_app 4)
+set(cli_widget_folders ui chart)
 
 file(STRINGS "${CORE_LIST}" core_entries)
 set(core_files)
@@ -50,7 +52,12 @@ foreach(source IN LISTS sources)
         math(EXPR errors "${errors} + 1")
       endif()
     elseif(target_is_core EQUAL -1 AND NOT target_folder STREQUAL folder)
-      if(NOT DEFINED rank_${target_folder} OR NOT rank_${target_folder} LESS rank_${folder}
+      if(folder STREQUAL "cli")
+        if(NOT target_folder IN_LIST cli_widget_folders)
+          message(SEND_ERROR "${source}: includes ${target} against the layer order")
+          math(EXPR errors "${errors} + 1")
+        endif()
+      elseif(NOT DEFINED rank_${target_folder} OR NOT rank_${target_folder} LESS rank_${folder}
          OR rank_${target_folder} EQUAL 0)
         message(SEND_ERROR "${source}: includes ${target} against the layer order")
         math(EXPR errors "${errors} + 1")

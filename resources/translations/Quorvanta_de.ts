@@ -78,7 +78,78 @@
     </message>
 </context>
 <context>
+    <name>PagePrinterClass</name>
+    <message>
+        <source>min. Humidity In:</source>
+        <translation>min. Feuchte innen:</translation>
+    </message>
+    <message>
+        <source>max. Humidity In:</source>
+        <translation>max. Feuchte innen:</translation>
+    </message>
+    <message>
+        <source>Frost Protection:</source>
+        <translation>Frostschutz:</translation>
+    </message>
+    <message>
+        <source>min. Temp In:</source>
+        <translation>min. Temp. innen:</translation>
+    </message>
+    <message>
+        <source>max. Temp In:</source>
+        <translation>max. Temp. innen:</translation>
+    </message>
+    <message>
+        <source>Intervall:</source>
+        <translation>Intervall:</translation>
+    </message>
+    <message>
+        <source>Offset Temp In:</source>
+        <translation>Offset Temp. innen:</translation>
+    </message>
+    <message>
+        <source>Offset Temp Out:</source>
+        <translation>Offset Temp. außen:</translation>
+    </message>
+    <message>
+        <source>control Time:</source>
+        <translation>Regelzeit:</translation>
+    </message>
+    <message>
+        <source>Offset Humidity In:</source>
+        <translation>Offset Feuchte innen:</translation>
+    </message>
+    <message>
+        <source>Offset Humidity Out:</source>
+        <translation>Offset Feuchte außen:</translation>
+    </message>
+    <message>
+        <source>Hysteresis On:</source>
+        <translation>Hysterese ein:</translation>
+    </message>
+    <message>
+        <source>Hysteresis Off:</source>
+        <translation>Hysterese aus:</translation>
+    </message>
+</context>
+<context>
     <name>QVChartClass</name>
+    <message>
+        <source>Quorvanta Print Preview</source>
+        <translation>Quorvanta Druckvorschau</translation>
+    </message>
+    <message>
+        <source>Quorvanta PDF Preview</source>
+        <translation>Quorvanta PDF-Vorschau</translation>
+    </message>
+    <message>
+        <source>Rendering chart for printing...</source>
+        <translation>Diagramm wird für den Druck gezeichnet...</translation>
+    </message>
+    <message>
+        <source>Page Setup...</source>
+        <translation>Seite wird eingerichtet...</translation>
+    </message>
     <message>
         <source>Quorvanta Error</source>
         <translation>Quorvanta-Fehler</translation>

@@ -8,18 +8,24 @@ QString g_cliUsage()
         "Usage:\n"
         "  quorvanta-cli convert [--type csv|log|vis|qvj] [--yes|--no] [--changed-time SECONDS] INPUT -o OUTPUT\n"
         "  quorvanta-cli info [--json] [--type csv|log|vis|qvj] [--yes|--no] FILE\n"
+        "  quorvanta-cli pdf [--type csv|log|vis|qvj] [--yes|--no] INPUT -o OUTPUT.pdf\n"
+        "  quorvanta-cli png [--type csv|log|vis|qvj] [--yes|--no] [--width N] INPUT -o OUTPUT.png\n"
         "\n"
         "convert  reads a sampling file or a project and writes it as a project (.qvj)\n"
         "info     prints the settings and data sets of a project or an imported sampling file\n"
+        "pdf      writes the printed page (A4 landscape, chart and device parameters) as a PDF\n"
+        "png      writes the chart of the printed page alone as a picture\n"
         "\n"
         "  --type T          the kind of INPUT; without it: .qvj project, .log binary log,\n"
         "                    .csv vaporix-VIS when its first line is empty, else controller CSV\n"
         "  --yes, --no       answer to every question an import asks (default --no)\n"
         "  --json            print info as JSON\n"
         "  --changed-time S  stamp the saved record with S seconds since 1970 instead of now\n"
+        "  --width N         width of the png picture in pixels (16..16384, default 1600)\n"
         "  -o OUTPUT         the project to write; \".qvj\" is added unless the name ends in it.\n"
         "                    An existing OUTPUT is kept as its backup (extension \".bak\");\n"
-        "                    an OUTPUT or backup that is the INPUT itself is refused\n"
+        "                    an OUTPUT or backup that is the INPUT itself is refused.\n"
+        "                    For pdf and png the file to write, as it is named; never the INPUT\n"
         "\n"
         "Exit status: 0 done, 1 the file could not be read or written, 2 usage error.\n");
 }
@@ -29,6 +35,11 @@ QString g_projectOutputName(const QString &output)
     if (output.endsWith(QLatin1String(".qvj"), Qt::CaseInsensitive))
         return output;
     return output + QLatin1String(".qvj");
+}
+
+bool g_cliDraws(const QString &verb)
+{
+    return verb == QLatin1String("pdf") || verb == QLatin1String("png");
 }
 
 bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *error)
@@ -43,6 +54,10 @@ bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *erro
         c.verb = CliCommand::Convert;
     } else if (verb == QLatin1String("info")) {
         c.verb = CliCommand::Info;
+    } else if (verb == QLatin1String("pdf")) {
+        c.verb = CliCommand::Pdf;
+    } else if (verb == QLatin1String("png")) {
+        c.verb = CliCommand::Png;
     } else if (verb == QLatin1String("help") || verb == QLatin1String("--help") || verb == QLatin1String("-h")) {
         c.verb = CliCommand::Help;
         *command = c;
@@ -72,7 +87,14 @@ bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *erro
             c.answerYes = false;
         } else if (a == QLatin1String("--json") && c.verb == CliCommand::Info) {
             c.json = true;
-        } else if (a == QLatin1String("-o") && c.verb == CliCommand::Convert) {
+        } else if (a == QLatin1String("--width") && c.verb == CliCommand::Png) {
+            bool ok = false;
+            c.width = hasValue ? arguments.at(++i).toInt(&ok) : 0;
+            if (!ok || c.width < 16 || c.width > 16384) {
+                *error = QStringLiteral("--width needs a number of pixels from 16 to 16384");
+                return false;
+            }
+        } else if (a == QLatin1String("-o") && c.verb != CliCommand::Info) {
             if (!hasValue) {
                 *error = QStringLiteral("-o needs a file name");
                 return false;
@@ -99,8 +121,8 @@ bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *erro
         return false;
     }
     c.input = positional.first();
-    if (c.verb == CliCommand::Convert && c.output.isEmpty()) {
-        *error = QStringLiteral("convert needs -o OUTPUT");
+    if (c.verb != CliCommand::Info && c.output.isEmpty()) {
+        *error = verb + QStringLiteral(" needs -o OUTPUT");
         return false;
     }
     *command = c;

@@ -9,12 +9,13 @@
 namespace qv {
 
 struct CliCommand {
-    enum Verb { None, Convert, Info, Help } verb = None;
+    enum Verb { None, Convert, Info, Pdf, Png, Help } verb = None;
     InputType type = InputType::Unknown;  // Unknown: judged from the input file
     bool answerYes = false;               // answer to every Yes/No question
     bool json = false;
     bool hasChangedTime = false;
     quint32 changedTime = 0;
+    int width = 1600;  // of the png picture
     QString input;
     QString output;
 };
@@ -23,6 +24,8 @@ struct CliCommand {
 // and sets *error to a one-line reason.
 bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *error);
 QString g_cliUsage();
+// True for the verbs that draw the chart and so need the widget platform.
+bool g_cliDraws(const QString &verb);
 // The file convert writes: OUTPUT itself when its name ends in ".qvj" (any
 // case), else OUTPUT with ".qvj" appended, so a sampling file given as OUTPUT
 // by mistake is never overwritten.

@@ -1,12 +1,14 @@
-// quorvanta-cli: batch conversion to project files and a look inside them.
+// quorvanta-cli: batch conversion to project files, a look inside them, and
+// the printed page as a PDF or the chart as a picture (drawn off-screen).
 #include "cliargs.h"
 #include "infoprinter.h"
 
+#include "chart/pageprinterclass.h"
 #include "import/importer.h"
 #include "project/projectfile.h"
 #include "project/projectpaths.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFile>
 #include <QTextStream>
 
@@ -44,6 +46,14 @@ bool sameFile(const QString &a, const QString &b)
            sa.st_dev == sb.st_dev && sa.st_ino == sb.st_ino;
 }
 
+// Drawing off-screen makes the platform talk (a missing runtime folder and
+// the like); stderr carries the program's own messages and Qt's errors only.
+void quietDrawing(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        QTextStream(stderr) << message << '\n';
+}
+
 int fail(const char *message)
 {
     QTextStream(stderr) << QLatin1String(message) << '\n';
@@ -55,7 +65,14 @@ int fail(const char *message)
 int main(int argc, char *argv[])
 {
     qv::g_ignoreFileSizeSignal();
-    QCoreApplication app(argc, argv);
+    // Drawing needs the widget platform but no display: off-screen unless
+    // the caller chose a platform.
+    const bool draws = argc > 1 && qv::g_cliDraws(QString::fromLocal8Bit(argv[1]));
+    if (draws && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (draws)
+        qInstallMessageHandler(quietDrawing);
+    std::unique_ptr<QCoreApplication> app(draws ? new QApplication(argc, argv) : new QCoreApplication(argc, argv));
     QStringList arguments = QCoreApplication::arguments();
     arguments.removeFirst();
 
@@ -78,7 +95,13 @@ int main(int argc, char *argv[])
         return 2;
     }
 
-    const QString output = qv::g_projectOutputName(command.output);
+    const bool drawing = command.verb == qv::CliCommand::Pdf || command.verb == qv::CliCommand::Png;
+    const QString output = drawing ? command.output : qv::g_projectOutputName(command.output);
+    if (drawing && sameFile(output, command.input)) {
+        QTextStream(stderr) << "quorvanta-cli: writing " << output << " would overwrite the input file "
+                            << command.input << '\n';
+        return 1;
+    }
     if (command.verb == qv::CliCommand::Convert) {
         // Saving replaces the output and its backup: neither may be the input.
         if (sameFile(output, command.input) || sameFile(qv::g_backupPath(output), command.input)) {
@@ -97,6 +120,23 @@ int main(int argc, char *argv[])
     if (command.verb == qv::CliCommand::Info) {
         QTextStream(stdout) << (command.json ? qv::g_infoJson(*model, command.input)
                                              : qv::g_infoText(*model, command.input));
+        return 0;
+    }
+
+    if (command.verb == qv::CliCommand::Pdf || command.verb == qv::CliCommand::Png) {
+        // A file that cannot be written is told before anything is drawn.
+        QFile probe(output);
+        const bool existed = probe.exists();
+        if (!probe.open(QIODevice::WriteOnly | QIODevice::Append))
+            return fail(qv::kMsgWriteError);
+        probe.close();
+        const bool written = command.verb == qv::CliCommand::Pdf ? qv::g_writePagePdf(*model, output)
+                                                                 : qv::g_writeChartImage(*model, output, command.width);
+        if (!written) {
+            if (!existed)
+                QFile::remove(output);
+            return fail(qv::kMsgWriteError);
+        }
         return 0;
     }
 

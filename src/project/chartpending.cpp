@@ -1,18 +1,8 @@
 // Chart commands whose dialogs and output arrive with their own subsystems
-// (chart settings, single-series settings, printing, PDF,
-// hover callouts). Until then they leave the project as it is.
+// (chart settings, single-series settings, hover callouts). Until then they leave the project as it is.
 #include "project/qvchartclass.h"
 
-void QVChartClass::s_exportPDF() {}
-
-void QVChartClass::s_print() {}
-
 void QVChartClass::s_formatChart() {}
-
-void QVChartClass::s_printDocument(QPrinter *printer)
-{
-    Q_UNUSED(printer)
-}
 
 void QVChartClass::s_tooltip(QPointF point, bool state)
 {

@@ -9,6 +9,7 @@
 
 #include <QByteArray>
 #include <QPointF>
+#include <QPrinter>
 #include <QString>
 #include <QtCharts/QChartView>
 
@@ -17,6 +18,7 @@
 class QCheckBox;
 class QDialog;
 class QGridLayout;
+class QIcon;
 class QLabel;
 class QPrinter;
 class QToolButton;
@@ -121,4 +123,6 @@ private:
     void m_setWaitCursor();
     void m_restoreCursor();
     void m_retranslate();
+    // Sets up the page printer and runs the print preview on it.
+    void m_printPreview(const QString &title, const QIcon &icon, QPrinter::OutputFormat format);
 };

@@ -1,10 +1,11 @@
 // The chart: group size, reduction, window statistics and legend texts (no
 // widgets); what a build puts into the chart; the chart widget's row boxes
-// and zoom window.
+// and zoom window, kept through a print preview.
 #include "app/scripteddialogs.h"
 #include "chart/chartbuilder.h"
 #include "chart/choosetable.h"
 #include "chart/chartplan.h"
+#include "chart/pagelayout.h"
 #include "chart/reduction.h"
 #include "chart/statistics.h"
 #include "project/fixedstring.h"
@@ -13,6 +14,7 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QPrintPreviewWidget>
 #include <QPushButton>
 #include <QTableView>
 #include <QGraphicsSimpleTextItem>
@@ -233,6 +235,22 @@ QString applyRule(const QString &rule, const QString &input)
         }
         return QStringLiteral("%1 series").arg(w.chart.chart()->series().size());
     }
+    if (rule == QLatin1String("bandvalue"))  // value decimals | unit
+        return g_bandValue(a[0], int(a[1]), f[1]);
+    if (rule == QLatin1String("band")) {  // mode data flag | the 11 doubles | control time, interval | page height
+        model->settings.hasModeData = quint8(a[0]);
+        std::copy(b.begin(), b.end(), model->modeParameters()->parameter);
+        model->modeParameters()->intParameter[0] = quint32(c[0]);
+        model->modeParameters()->interval = qint32(c[1]);
+        QStringList entries;
+        for (const PageBandEntry &e : g_pageBand(model->settings, *model->modeParameters(), int(d[0])))
+            entries << QStringLiteral("%1/%2@%3 %4[%5]")
+                           .arg(e.labelX)
+                           .arg(e.valueX)
+                           .arg(e.y)
+                           .arg(QLatin1String(e.label), e.value);
+        return entries.join(QStringLiteral("; "));
+    }
     return QStringLiteral("no such rule");
 }
 
@@ -376,6 +394,20 @@ void TestChart::rules_data()
     QTest::newRow("empty: too few samples says so") << "2 7|0 1" << "Too few samples to draw a chart (at least 8 per data set).";
     QTest::newRow("empty: nothing shown says so") << "2 8|" << "No data set is shown: tick a row to draw it.";
     QTest::newRow("empty: drawable draws") << "2 8|1" << "1 series";
+    QTest::newRow("bandvalue: two decimals in five places") << "1.5 2|g/kg" << "  1.50 g/kg";
+    QTest::newRow("bandvalue: whole seconds in five places") << "60 0|sec" << "   60 sec";
+    QTest::newRow("bandvalue: sign takes a place, half rounds away from zero") << "-0.25 1|%" << "  -0.3 %";
+    QTest::newRow("bandvalue: a wider number is not cut") << "123456 0|%" << "123456 %";
+    QTest::newRow("band: no parameter block, no band") << "0|1 2 3 4 5 6 7 8 9 10 11|15 300|4960" << "";
+    QTest::newRow("band: five columns on three lines, the last two columns short")
+        << "1|55 72 5 15 2 1.5 0.5 -0.3 0.2 1.5 -2|15 60|4960"
+        << QString::fromUtf8("592/1272@4720 min. Humidity In:[   55 %]; 592/1272@4816 max. Humidity In:[   72 %]; "
+                             "592/1272@4912 Frost Protection:[   2.0 °C]; 1798/2478@4720 min. Temp In:[   5.0 °C]; "
+                             "1798/2478@4816 max. Temp In:[  15.0 °C]; 1798/2478@4912 Intervall:[   60 sec]; "
+                             "3004/3684@4720 Offset Temp In:[  -0.3 °C]; 3004/3684@4816 Offset Temp Out:[   0.2 °C]; "
+                             "3004/3684@4912 control Time:[   15 min]; 4210/4890@4720 Offset Humidity In:[   1.5 %]; "
+                             "4210/4890@4816 Offset Humidity Out:[  -2.0 %]; 5416/6096@4720 Hysteresis On:[  1.50 g/kg]; "
+                             "5416/6096@4816 Hysteresis Off:[  0.50 g/kg]");
     // clang-format on
 }
 
@@ -388,7 +420,8 @@ void TestChart::rules()
 
 // The row boxes drive the model and the chart, and unticking the last shown
 // row brings the first back. Each rebuild zooms the time axis to the model's
-// window again (to within a pixel's worth of time), with its statistics.
+// window again (to within a pixel's worth of time), with its statistics;
+// a PDF preview in between draws its page and leaves both as they were.
 void TestChart::rowBoxesKeepTheZoomWindow()
 {
     Widget w(*makeModel(4, 1000, {0, 1, 2, 3}));
@@ -396,7 +429,14 @@ void TestChart::rowBoxesKeepTheZoomWindow()
     s.viewBegin = minute(100);
     s.viewEnd = minute(300);
     w.chart.m_displayChart(&w.chart, false);
-    for (int click : {1, 2, 3, 0, -1}) {
+    qvtest::ScriptedDialogs dialogs;  // the PDF preview (-2) draws its page once
+    QString preview;
+    dialogs.onExec = [&](QDialog &d) {
+        d.show();
+        preview = d.windowTitle() + QStringLiteral(" %1").arg(d.findChild<QPrintPreviewWidget *>()->pageCount());
+        return 0;
+    };
+    for (int click : {1, -2, 2, 3, 0, -1}) {
         QChart *chart = w.chart.chart();
         QVERIFY(chart->isZoomed());
         auto *time = qobject_cast<QDateTimeAxis *>(chart->axes(Qt::Horizontal).first());
@@ -406,7 +446,10 @@ void TestChart::rowBoxesKeepTheZoomWindow()
         QCOMPARE(chart->series().first()->name(), QString::fromUtf8("Set 0 (min 0.00 / ⌀ 4.75 / max 9.50 u0)"));
         if (click >= 0)
             w.box(click)->click();
+        if (click == -2)
+            w.chart.s_exportPDF();
     }
+    QCOMPARE(preview, QStringLiteral("Quorvanta PDF Preview 1"));
     QString rows;
     for (int i = 0; i < 4; ++i)
         rows +=

@@ -2,6 +2,7 @@
 // names it refuses or changes, the bytes it writes and what info prints.
 #include "support/testsupport.h"
 
+#include "chart/pagelayout.h"
 #include "project/chartmodel.h"
 #include "project/fixedstring.h"
 #include "project/projectfile.h"
@@ -63,6 +64,7 @@ class TestCli : public QObject
 private slots:
     void runs_data();
     void runs();
+    void pdfOfTheSample();
 };
 
 // The runs in cli-runs.txt: usage errors, read and write failures, the
@@ -129,6 +131,38 @@ void TestCli::runs()
                  (changed + 3600 < g_currentSeconds() ? QStringLiteral(" at %1").arg(changed) : QString());
     }
     QCOMPARE(found, expected);
+}
+
+// The page of the bundled vaporix sample as a service company would make it:
+// one A4 landscape sheet titled like the chart, every band label and value
+// searchable as text.
+void TestCli::pdfOfTheSample()
+{
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
+        QSKIP("poppler-utils (pdftotext, pdfinfo) not installed");
+    QTemporaryDir dir;
+    const QString pdf = dir.filePath(QStringLiteral("page.pdf"));
+    const qvtest::ProgramRun r =
+        qvtest::runProgram(QStringLiteral(QV_CLI_PATH),
+                           {QStringLiteral("pdf"), QStringLiteral(QV_SAMPLE_PROJECT), QStringLiteral("-o"), pdf});
+    QCOMPARE(r.exitCode, 0);
+    QCOMPARE(r.err, QByteArray());
+    const QString info = QString::fromUtf8(qvtest::runProgram(QStringLiteral("pdfinfo"), {pdf}).out);
+    QVERIFY2(info.contains(QStringLiteral("Pages:           1\n")), qPrintable(info));
+    QVERIFY2(info.contains(QStringLiteral("Page size:       842 x 595 pts (A4)")), qPrintable(info));
+
+    auto model = std::make_unique<ChartModel>();
+    QVERIFY(g_loadProjectFile(*model, QStringLiteral(QV_SAMPLE_PROJECT), ProgressFn()).ok);
+    const QString title = g_buffer2QString(model->settings.description, kDescriptionWidth).trimmed();
+    QVERIFY2(info.contains(QStringLiteral("Title:           ") + title + QLatin1Char('\n')), qPrintable(info));
+    const QString text =
+        QString::fromUtf8(qvtest::runProgram(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")}).out);
+    const QVector<PageBandEntry> band = g_pageBand(model->settings, *model->modeParameters(), 4960);
+    QCOMPARE(band.size(), 13);
+    for (const PageBandEntry &entry : band) {
+        QVERIFY2(text.contains(QLatin1String(entry.label)), entry.label);
+        QVERIFY2(text.contains(entry.value.trimmed()), qPrintable(entry.value));
+    }
 }
 
 QTEST_GUILESS_MAIN(TestCli)
