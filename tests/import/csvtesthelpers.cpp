@@ -122,7 +122,8 @@ QByteArray ImportRun::summary(const char *parts) const
                        QByteArray::number(b.intParameter[1]) + ' ' + QByteArray::number(b.intParameter[2]) + ' ' +
                        QByteArray::number(b.intParameter[3]) + ';' + QByteArray::number(b.interval) + ']';
         if (*p == 'q')
-            out << "q" + QByteArray::number(host.questions.size()) + "w" + QByteArray::number(host.warnings.size());
+            out << "q" + QByteArray::number(host.questions.size()) + "w" + QByteArray::number(host.warnings.size()) +
+                       (host.outOfRange ? QByteArray(" progress out of range") : QByteArray());
         if (std::strchr("savx", *p))
             out << (*p == 's'   ? QByteArray("sets")
                     : *p == 'a' ? QByteArray("axes")

@@ -21,9 +21,11 @@ public:
     explicit ScriptedHost(bool yes = true) : answer(yes) {}
     bool askYesNo(const QString &title, const QString &question) override;
     void warn(const QString &message) override { warnings << message; }
-    void progress(int, int) override {}
+    // The progress dialog's bars run from 0 to 255; anything else is a fault.
+    void progress(int main, int detail) override { outOfRange += main < 0 || main > 255 || detail < 0 || detail > 255; }
 
     bool answer;
+    int outOfRange = 0;
     QStringList questions;  // "title|question"
     QStringList warnings;
 };
