@@ -579,4 +579,201 @@ importieren</translation>
         <translation>Detail</translation>
     </message>
 </context>
+<context>
+    <name>SettingsDialogClass</name>
+    <message>
+        <source>Select Color</source>
+        <translation>Farbe wählen</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>At least 1 set of data must be displayed !</source>
+        <translation>Mindestens 1 Datensatz muss angezeigt werden !</translation>
+    </message>
+    <message>
+        <source>At least 1 axis must be displayed !</source>
+        <translation>Mindestens 1 Achse muss angezeigt werden !</translation>
+    </message>
+    <message>
+        <source>It&apos;s not possible displaying more than 6 axis !</source>
+        <translation>Es können nicht mehr als 6 Achsen angezeigt werden !</translation>
+    </message>
+</context>
+<context>
+    <name>settingsDialog</name>
+    <message>
+        <source>Chart Settings</source>
+        <translation>Diagrammeinstellungen</translation>
+    </message>
+    <message>
+        <source>Chart Title:</source>
+        <translation>Diagrammtitel:</translation>
+    </message>
+    <message>
+        <source>Display Title</source>
+        <translation>Titel anzeigen</translation>
+    </message>
+    <message>
+        <source>Type:</source>
+        <translation>Typ:</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>Spline (fast CPU needed)</source>
+        <translation>Spline (schnelle CPU nötig)</translation>
+    </message>
+    <message>
+        <source>Legend:</source>
+        <translation>Legende:</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Begin:</source>
+        <translation>Beginn:</translation>
+    </message>
+    <message>
+        <source>Date:</source>
+        <translation>Datum:</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>Zeit:</translation>
+    </message>
+    <message>
+        <source>End:</source>
+        <translation>Ende:</translation>
+    </message>
+    <message>
+        <source>Changed:</source>
+        <translation>Geändert:</translation>
+    </message>
+    <message>
+        <source>Data Settings</source>
+        <translation>Dateneinstellungen</translation>
+    </message>
+    <message>
+        <source>Data Index:</source>
+        <translation>Datenindex:</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Aktiv</translation>
+    </message>
+    <message>
+        <source>Axis</source>
+        <translation>Achse</translation>
+    </message>
+    <message>
+        <source>Min Value:</source>
+        <translation>Minimalwert:</translation>
+    </message>
+    <message>
+        <source>Max Value:</source>
+        <translation>Maximalwert:</translation>
+    </message>
+    <message>
+        <source>Line:</source>
+        <translation>Linie:</translation>
+    </message>
+    <message>
+        <source>Color:</source>
+        <translation>Farbe:</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Stärke:</translation>
+    </message>
+    <message>
+        <source>Unit:</source>
+        <translation>Einheit:</translation>
+    </message>
+    <message>
+        <source>Decimals:</source>
+        <translation>Dezimalstellen:</translation>
+    </message>
+</context>
+<context>
+    <name>settingsSmallDialog</name>
+    <message>
+        <source>Chart Settings</source>
+        <translation>Diagrammeinstellungen</translation>
+    </message>
+    <message>
+        <source>Data Settings</source>
+        <translation>Dateneinstellungen</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Aktiv</translation>
+    </message>
+    <message>
+        <source>Axis</source>
+        <translation>Achse</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Min Value:</source>
+        <translation>Minimalwert:</translation>
+    </message>
+    <message>
+        <source>Max Value:</source>
+        <translation>Maximalwert:</translation>
+    </message>
+    <message>
+        <source>Line:</source>
+        <translation>Linie:</translation>
+    </message>
+    <message>
+        <source>Color:</source>
+        <translation>Farbe:</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Stärke:</translation>
+    </message>
+    <message>
+        <source>Unit:</source>
+        <translation>Einheit:</translation>
+    </message>
+    <message>
+        <source>Decimals:</source>
+        <translation>Dezimalstellen:</translation>
+    </message>
+</context>
 </TS>

@@ -1,13 +1,9 @@
 // Chart commands whose dialogs and output arrive with their own subsystems
-// (chart settings, single-series settings, hover callouts). Until then they leave the project as it is.
+// (hover callouts). Until then they leave the project as it is.
 #include "project/qvchartclass.h"
-
-void QVChartClass::s_formatChart() {}
 
 void QVChartClass::s_tooltip(QPointF point, bool state)
 {
     Q_UNUSED(point)
     Q_UNUSED(state)
 }
-
-void QVChartClass::s_setupLine() {}

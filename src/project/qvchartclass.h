@@ -118,6 +118,8 @@ private:
     // Shows the rows as the model's row states say (ticks before connecting,
     // so that no redraw runs per row), then connects them.
     void m_showRows();
+    // Row box index follows the record: name, tick (without a redraw).
+    void m_showRow(int index);
     // Shows why a load or import failed and releases what it held; false.
     bool m_fail(const qv::FileResult &result, QDialog *progress);
     void m_setWaitCursor();
