@@ -10,7 +10,10 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QMouseEvent>
+#include <QWheelEvent>
 #include <QtCharts/QChart>
+#include <QtCharts/QXYSeries>
 
 #include <algorithm>
 #include <ctime>
@@ -62,6 +65,15 @@ template <typename F> void report(const char *label, F &&work, int runs = kRuns)
     std::printf("  %-46s median %8.2f ms (cpu %8.2f ms)   slowest %8.2f ms\n", label, wall[wall.size() / 2],
                 cpu[cpu.size() / 2], wall.back());
 }
+
+struct PaintCounter : QObject {
+    int count = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+};
 
 void releaseDeferred()
 {
@@ -126,6 +138,109 @@ int main(int argc, char *argv[])
     });
     report("paint, spline chart", [&] { widget->grab(); });
     model.settings.lineType = 1;
+
+    // The living chart, shown: real wheel and mouse events on the viewport,
+    // then what the event loop does with them (layout of the chart, the
+    // scene's index) and a synchronous paint of the viewport: event to frame.
+    widget->m_displayChart(widget.get(), false);
+    releaseDeferred();
+    widget->show();
+    QCoreApplication::processEvents();
+    QWidget *viewport = widget->viewport();
+    // A frame is painted the way the event loop paints it: the scene's
+    // dirty region only, once the chart's layout has run.
+    PaintCounter painted;
+    viewport->installEventFilter(&painted);
+    auto frame = [&] {
+        const int before = painted.count;
+        for (int loop = 0; loop < 8 && painted.count == before; ++loop)
+            QCoreApplication::processEvents();
+    };
+    auto wheel = [&](double fraction, int delta) {
+        const QRectF area = widget->chart()->plotArea();
+        const QPointF at(area.x() + fraction * area.width(), area.center().y());
+        QWheelEvent event(at, viewport->mapToGlobal(at.toPoint()), QPoint(), QPoint(0, delta), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(viewport, &event);
+    };
+    auto mouse = [&](QEvent::Type type, double x, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, QPointF(x, widget->chart()->plotArea().center().y()),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &event);
+    };
+    frame();
+    report("paint of the whole viewport, nothing changed", [&] { viewport->repaint(); });
+    int step = 0;
+    const double places[] = {0.5, 0.2, 0.8, 0.35, 0.65, 0.5};
+    report(
+        "wheel step in, event to painted frame",
+        [&] {
+            wheel(places[step++ % 6], 120);
+            frame();
+        },
+        24);
+    report(
+        "wheel step out, event to painted frame",
+        [&] {
+            wheel(places[step++ % 6], -120);
+            frame();
+        },
+        12);
+    for (int k = 0; k < 12; ++k)
+        wheel(0.5, 120);
+    frame();
+    const double centre = widget->chart()->plotArea().center().x();
+    mouse(QEvent::MouseButtonPress, centre, Qt::LeftButton);
+    step = 0;
+    report(
+        "drag step of 4 pixels, event to painted frame",
+        [&] {
+            // Back and forth: 10 steps one way, 10 back.
+            const int k = step++ % 20;
+            mouse(QEvent::MouseMove, centre + 4.0 * (k < 10 ? k + 1 : 19 - k), Qt::LeftButton);
+            frame();
+        },
+        40);
+    report(
+        "drag step without the paint",
+        [&] {
+            const int k = step++ % 20;
+            mouse(QEvent::MouseMove, centre + 4.0 * (k < 10 ? k + 1 : 19 - k), Qt::LeftButton);
+            QCoreApplication::processEvents();
+        },
+        40);
+    report("of it: the chart's scroll and layout alone", [&] {
+        widget->chart()->scroll(step++ % 2 ? 4 : -4, 0);
+        QCoreApplication::processEvents();
+    });
+    report("of it: legend statistics and time axis format",
+           [&] { widget->m_setMinMaxAvg(widget->chart(), model.settings.viewBegin, model.settings.viewEnd); });
+    auto *lead = qobject_cast<QtCharts::QXYSeries *>(widget->chart()->series().at(2));
+    const QPointF point = lead->at(lead->count() / 2);
+    report(
+        "callout: hover signal to shown item",
+        [&] {
+            emit lead->hovered(point, false);
+            emit lead->hovered(point, true);
+        },
+        20);
+    report(
+        "callout: hover to painted frame",
+        [&] {
+            emit lead->hovered(point, false);
+            emit lead->hovered(point, true);
+            frame();
+        },
+        20);
+    mouse(QEvent::MouseMove, centre, Qt::NoButton);
+    report(
+        "state label: move without a button to painted frame",
+        [&] {
+            mouse(QEvent::MouseMove, centre + (step++ % 7) * 3.0, Qt::NoButton);
+            frame();
+        },
+        20);
+    widget->hide();
 
     // States that change every 128 samples (about two hours at one sample a
     // minute): the bands get a step at nearly every drawn point, which Qt's

@@ -350,6 +350,62 @@ Zu viele Spalten.</translation>
         <source>File is containing too many data. Please contact Merovin.</source>
         <translation>Die Datei enthält zu viele Daten. Bitte wenden Sie sich an Merovin.</translation>
     </message>
+    <message>
+        <source>State: </source>
+        <translation>Zustand: </translation>
+    </message>
+    <message>
+        <source>Manual Off</source>
+        <translation>Hand Aus</translation>
+    </message>
+    <message>
+        <source>Scheduler Off</source>
+        <translation>Zeitplan Aus</translation>
+    </message>
+    <message>
+        <source>Frost Protection</source>
+        <translation>Frostschutz</translation>
+    </message>
+    <message>
+        <source>Too Cold Outside</source>
+        <translation>Außen zu kalt</translation>
+    </message>
+    <message>
+        <source>Too Hot Outside</source>
+        <translation>Außen zu warm</translation>
+    </message>
+    <message>
+        <source>Conditions OK</source>
+        <translation>Bedingungen OK</translation>
+    </message>
+    <message>
+        <source>Weather adverse</source>
+        <translation>Wetter ungünstig</translation>
+    </message>
+    <message>
+        <source>Sensor Alarm</source>
+        <translation>Sensoralarm</translation>
+    </message>
+    <message>
+        <source>Sensor In Alarm</source>
+        <translation>Sensoralarm innen</translation>
+    </message>
+    <message>
+        <source>Sensor Out Alarm</source>
+        <translation>Sensoralarm außen</translation>
+    </message>
+    <message>
+        <source>No Data</source>
+        <translation>Keine Daten</translation>
+    </message>
+    <message>
+        <source>Manual On</source>
+        <translation>Hand Ein</translation>
+    </message>
+    <message>
+        <source>System running</source>
+        <translation>Anlage läuft</translation>
+    </message>
 </context>
 <context>
     <name>QVUpdateClass</name>

@@ -1,9 +1,3 @@
 // Chart commands whose dialogs and output arrive with their own subsystems
 // (hover callouts). Until then they leave the project as it is.
 #include "project/qvchartclass.h"
-
-void QVChartClass::s_tooltip(QPointF point, bool state)
-{
-    Q_UNUSED(point)
-    Q_UNUSED(state)
-}

@@ -22,6 +22,7 @@ class QIcon;
 class QLabel;
 class QPrinter;
 class QToolButton;
+class ToolTipClass;
 
 namespace QtCharts {
 class QLineSeries;
@@ -79,6 +80,10 @@ private:
     // The two state-band lines of the last build (owned here, not by the chart).
     QtCharts::QLineSeries *modeSeries = nullptr;
     QtCharts::QLineSeries *modeSeries2 = nullptr;
+    // The hover callout, an item of the view's scene (made on first use).
+    ToolTipClass *tooltip = nullptr;
+    // Pixel column of the last drag step (set by a left-button press).
+    double lastX = 0.0;
 
     QString projectDir;
     QString projectFile;
@@ -110,6 +115,12 @@ public slots:
 
 protected:
     void changeEvent(QEvent *event) override;
+    // Wheel zoom and drag pan of the time axis inside the selected range;
+    // keys + and - zoom around the centre, arrows pan, Home shows the range.
+    void wheelEvent(QWheelEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     // The import routine shared by the three kinds: file dialog, progress,
     // core reader, rows, chart, import directory.
     bool m_runImport(const qv::ImportKind &kind);
@@ -127,4 +138,11 @@ private:
     void m_retranslate();
     // Sets up the page printer and runs the print preview on it.
     void m_printPreview(const QString &title, const QIcon &icon, QPrinter::OutputFormat format);
+    // The visible window becomes begin..end: legend statistics, model.
+    void m_takeWindow(qint64 begin, qint64 end);
+    // A wheel step at pointer column x (delta > 0 zooms in); false if ignored.
+    bool m_wheelStep(double x, int delta);
+    bool m_dragStep(int x);
+    void m_showState(QPointF position);
+    ToolTipClass *m_callout();
 };

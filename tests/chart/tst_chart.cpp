@@ -8,6 +8,8 @@
 #include "chart/pagelayout.h"
 #include "chart/reduction.h"
 #include "chart/statistics.h"
+#include "chart/tooltipclass.h"
+#include "chart/zoomwindow.h"
 #include "project/fixedstring.h"
 #include "project/projectfile.h"
 #include "project/qvchartclass.h"
@@ -18,7 +20,12 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QGraphicsSimpleTextItem>
+#include <QGraphicsScene>
 #include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QWheelEvent>
 #include <QtCharts/QAreaSeries>
 #include <QtCharts/QChart>
 #include <QtCharts/QDateTimeAxis>
@@ -251,6 +258,30 @@ QString applyRule(const QString &rule, const QString &input)
                            .arg(QLatin1String(e.label), e.value);
         return entries.join(QStringLiteral("; "));
     }
+    if (rule == QLatin1String("wheel") || rule == QLatin1String("drag")) {
+        // plot x, width, pointer x (last x) and delta (x) | range | time = pixel * c[0] ms
+        const double perPixel = c[0];
+        const PixelToTime at = [perPixel](int pixel) { return qint64(pixel * perPixel); };
+        const PixelWindow w = rule == QLatin1String("wheel")
+                                  ? g_wheelWindow(a[0], a[1], a[2], int(a[3]), qint64(b[0]), qint64(b[1]), at)
+                                  : g_dragWindow(a[0], a[1], int(a[2]), int(a[3]), qint64(b[0]), qint64(b[1]), at);
+        const char *outcome[] = {"ignore", "reset", "zoom"};
+        return QLatin1String(outcome[w.outcome]) +
+               (w.outcome == PixelWindow::Zoom
+                    ? QStringLiteral(" %1..%2 %3..%4").arg(w.left).arg(w.right).arg(w.begin).arg(w.end)
+                    : QString());
+    }
+    if (rule == QLatin1String("state"))  // t, first time, interval in seconds
+        return QString::number(g_stateIndex(qint64(a[0]), qint64(a[1]), qint32(a[2])));
+    if (rule == QLatin1String("spike")) {  // balloon x y w h | anchor x y
+        const CalloutSpike sp = g_calloutSpike(QRectF(a[0], a[1], a[2], a[3]), QPointF(b[0], b[1]));
+        return sp.drawn ? QStringLiteral("%1,%2 %3,%4")
+                              .arg(sp.foot1.x())
+                              .arg(sp.foot1.y())
+                              .arg(sp.foot2.x())
+                              .arg(sp.foot2.y())
+                        : QStringLiteral("none");
+    }
     return QStringLiteral("no such rule");
 }
 
@@ -313,6 +344,98 @@ QString chooseRun(const QString &input)
            QStringLiteral(" (%1)").arg(s.rangeSampleCount);
 }
 
+// Events sent to the chart widget (four shown data sets of 1000 samples,
+// set 1 in °C, states 5 then 12 from sample 250, vaporix mode when the
+// script starts with "vaporix"); x as a fraction of the plot width. Per
+// event: how the zoom window changed (< narrower, > wider, L earlier, R
+// later, = kept, W the whole range), the state label, or the callout text.
+// Every step also checks the time axis and the legend against the window.
+QString interactionRun(const QString &script)
+{
+    auto model = makeModel(4, 1000, {0, 1, 2, 3});
+    g_char2Buffer(model->settings.unit[1],
+                  "\xB0"
+                  "C",
+                  kUnitWidth);
+    model->data(1)->value[500] = kMissingValue;
+    model->settings.sampleInterval = 60;
+    model->modeCodes()->count = 1000;
+    for (int k = 0; k < 1000; ++k)
+        model->modeCodes()->code[k] = qint8(k < 250 ? 5 : 12);
+    model->settings.hasModeData = 1;
+    if (script.startsWith(QLatin1String("vaporix")))
+        model->settings.flags |= kFlagShowModeTrack;
+    Widget w(*model);
+    w.chart.show();
+    const settingsT &s = w.chart.model().settings;
+    auto *label = w.panel.findChild<QLabel *>(QStringLiteral("infoLabel"));
+    QStringList out;
+    for (const QString &step : script.split(QStringLiteral(", "))) {
+        const QStringList f = step.split(QLatin1Char(' '));
+        QChart *chart = w.chart.chart();
+        const QRectF area = chart->plotArea();
+        const QPointF at(area.x() + f.value(1).toDouble() * area.width(), area.center().y());
+        const qint64 begin = s.viewBegin, end = s.viewEnd;
+        const QList<QAbstractSeries *> series = chart->series();
+        const int lead = series.size() - 4;
+        if (f[0] == QLatin1String("in") || f[0] == QLatin1String("out")) {
+            QWheelEvent wheel(at, w.chart.mapToGlobal(at.toPoint()), QPoint(),
+                              QPoint(0, f[0] == QLatin1String("in") ? 120 : -120), Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(w.chart.viewport(), &wheel);
+        } else if (f[0] == QLatin1String("press") || f[0] == QLatin1String("drag") || f[0] == QLatin1String("hover")) {
+            const bool press = f[0] == QLatin1String("press");
+            const Qt::MouseButtons held = f[0] == QLatin1String("hover") ? Qt::NoButton : Qt::LeftButton;
+            QMouseEvent mouse(press ? QEvent::MouseButtonPress : QEvent::MouseMove, at,
+                              press ? Qt::LeftButton : Qt::NoButton, held, Qt::NoModifier);
+            QApplication::sendEvent(w.chart.viewport(), &mouse);
+            if (f[0] == QLatin1String("hover")) {
+                out << label->text().section(QLatin1String("<center>"), 0, 0);
+                continue;
+            }
+        } else if (f[0] == QLatin1String("key")) {
+            QKeyEvent key(QEvent::KeyPress, QKeySequence::fromString(f[1])[0], Qt::NoModifier, f[1]);
+            QApplication::sendEvent(&w.chart, &key);
+        } else if (f[0] == QLatin1String("callout")) {  // series, sample, value (M missing), shown
+            auto *xy = qobject_cast<QXYSeries *>(series[lead + f[1].toInt()]);
+            const double value = f[3] == QLatin1String("M") ? kMissingValue : f[3].toDouble();
+            emit xy->hovered(QPointF(double(minute(f[2].toInt())), value), f[4] == QLatin1String("1"));
+            for (QGraphicsItem *item : w.chart.scene()->items()) {
+                if (auto *callout = dynamic_cast<ToolTipClass *>(item))
+                    out << (callout->isVisible()
+                                ? callout->m_getText().section(QLatin1Char('\n'), 1) +
+                                      QLatin1String(callout->m_getText().section(QLatin1Char('\n'), 0, 0) ==
+                                                            QDateTime::fromMSecsSinceEpoch(minute(f[2].toInt()))
+                                                                .toString(QStringLiteral("dd.MM.yyyy hh:mm"))
+                                                        ? ""
+                                                        : " (wrong time)")
+                                : QStringLiteral("hidden"));
+            }
+            continue;
+        }
+        // A drag step shows two pixels less than a wheel step: not a zoom.
+        const qint64 width0 = end - begin, width1 = s.viewEnd - s.viewBegin;
+        const double pixel = double(s.rangeEnd - s.rangeBegin) / area.width();
+        QString token = s.viewBegin == s.rangeBegin && s.viewEnd == s.rangeEnd ? QStringLiteral("W")
+                        : width1 < width0 - 3 * pixel                          ? QStringLiteral("<")
+                        : width1 > width0 + 3 * pixel                          ? QStringLiteral(">")
+                        : s.viewBegin < begin                                  ? QStringLiteral("L")
+                        : s.viewBegin > begin                                  ? QStringLiteral("R")
+                                                                               : QStringLiteral("=");
+        auto *time = qobject_cast<QDateTimeAxis *>(chart->axes(Qt::Horizontal).first());
+        if (qAbs(double(time->min().toMSecsSinceEpoch() - s.viewBegin)) > 2 * pixel ||
+            qAbs(double(time->max().toMSecsSinceEpoch() - s.viewEnd)) > 2 * pixel)
+            token += QLatin1String("(axis elsewhere)");
+        const QVector<SeriesName> names =
+            g_seriesNames(w.chart.model(), s.viewBegin, s.viewEnd, QString::fromUtf8(kLongStatisticsText),
+                          QString::fromUtf8(kShortStatisticsText));
+        if (series[lead]->name() != names.first().name)
+            token += QLatin1String("(legend stale)");
+        out << token;
+    }
+    return out.join(QLatin1Char(' '));
+}
+
 }  // namespace
 
 class TestChart : public QObject
@@ -325,6 +448,8 @@ private slots:
     void rowBoxesKeepTheZoomWindow();
     void chooseData_data();
     void chooseData();
+    void interaction_data();
+    void interaction();
 };
 
 void TestChart::rules_data()
@@ -391,6 +516,32 @@ void TestChart::rules_data()
     QTest::newRow("legend: wraps when the next as wide would pass the end") << "100 100 100|299" << "2";
     QTest::newRow("legend: 16 entries of 250 in 1100") << "250 250 250 250 250 250 250 250 250 250 250 250 250 250 250 250|1100" << "4";
     QTest::newRow("legend: none") << "|500" << "0";
+    // Plot x, width, pointer x, delta | range | milliseconds per pixel: outcome, pixels, window.
+    QTest::newRow("wheel: forward over the centre keeps 950 pixels, centred") << "0 1000 500.7 120|0 1000000|1000" << "zoom 26..974 26000..974000";
+    QTest::newRow("wheel: pulled toward the pointer") << "100 1000 100 120|0 2000000|1000" << "zoom 101..1049 101000..1049000";
+    QTest::newRow("wheel: no delta") << "0 1000 500 0|0 1000000|1000" << "ignore";
+    QTest::newRow("wheel: back, wider than the range shows it whole") << "0 1000 500 -120|-10000 1010000|1000" << "reset";
+    QTest::newRow("wheel: back past the end walks left") << "0 1000 500 -120|-100000 1010000|1000" << "zoom -40..1010 -40000..1010000";
+    QTest::newRow("wheel: back past the begin walks right") << "0 1000 500 -120|-10000 2000000|1000" << "zoom -10..1040 -10000..1040000";
+    QTest::newRow("wheel: back on the whole range, walk meets the begin: reset") << "0 1000 0 -120|0 1000000|1000" << "reset";
+    QTest::newRow("wheel: forward, walk meets the begin: ignored") << "0 1000 500 120|0 900000|1000" << "ignore";
+    QTest::newRow("wheel: 4096 pixel steps") << "0 1000 500 120|-10000 -3122|1" << "zoom -4070..-3122 -4070..-3122";
+    QTest::newRow("wheel: 4097 are too many") << "0 1000 500 120|-10000 -3123|1" << "ignore";
+    // Plot x, width, last x, x | range | milliseconds per pixel.
+    QTest::newRow("drag: left shows later times") << "0 1000 500 400|0 2000000|1000" << "zoom 101..1099 101000..1099000";
+    QTest::newRow("drag: up to the begin") << "0 1000 500 501|0 2000000|1000" << "zoom 0..998 0..998000";
+    QTest::newRow("drag: past the begin ignored") << "0 1000 500 502|0 2000000|1000" << "ignore";
+    QTest::newRow("drag: past the end ignored") << "0 1000 500 400|0 1098000|1000" << "ignore";
+    QTest::newRow("state: 5 minutes at 60 s, 3.5 rounds up") << "300000 0 60" << "4";
+    QTest::newRow("state: no interval, 2000 ms") << "2000 0 0" << "1";
+    QTest::newRow("state: -0.5 rounds away from zero") << "1000 0 0" << "-1";
+    QTest::newRow("state: recording start") << "1700000060000 1700000000000 60" << "-1";
+    // Balloon | anchor: the two spike feet.
+    QTest::newRow("spike: anchor inside") << "0 0 100 50|50 25" << "none";
+    QTest::newRow("spike: far below right, from the bottom right corner up") << "0 0 100 50|300 200" << "100,30 100,40";
+    QTest::newRow("spike: below, left of centre") << "0 0 100 50|30 80" << "10,50 20,50";
+    QTest::newRow("spike: far above left, along the top") << "0 0 100 50|-50 -200" << "10,0 20,0";
+    QTest::newRow("spike: right, above centre") << "0 0 100 50|150 20" << "100,10 100,20";
     QTest::newRow("empty: too few samples says so") << "2 7|0 1" << "Too few samples to draw a chart (at least 8 per data set).";
     QTest::newRow("empty: nothing shown says so") << "2 8|" << "No data set is shown: tick a row to draw it.";
     QTest::newRow("empty: drawable draws") << "2 8|1" << "1 series";
@@ -491,6 +642,26 @@ void TestChart::chooseData()
         got = chooseRun(input);
     }
     QCOMPARE(got.trimmed(), expected);
+}
+
+void TestChart::interaction_data()
+{
+    // clang-format off
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("wheel in and out; out on the whole range keeps it") << "in 0.5, in 0.1, out 0.5, out 0.5, out 0.5, out 0.5" << "< < > > W W";
+    QTest::newRow("drag stops at the edges, back at once") << "in 0.5, in 0.5, press 0.5, drag 0.52, drag 0.9, drag 0.5, drag 0.48, drag 0.1" << "< < = L = R R =";
+    QTest::newRow("keys zoom, pan and show the range") << "key +, key +, key Left, key Right, key Right, key -, key Home" << "< < L R R > W";
+    QTest::newRow("state label in vaporix mode") << "vaporix 0, hover 0.5, hover 0, hover 0.1" << QString::fromUtf8("W State: System running  State: Conditions OK");
+    QTest::newRow("callout: value, missing, leaving") << "callout 1 10 19.456 1, callout 1 500 M 1, callout 0 10 3 1, callout 0 10 3 0" << QString::fromUtf8("19.46 °C No Data °C 3.00 u0 hidden");
+    // clang-format on
+}
+
+void TestChart::interaction()
+{
+    QFETCH(QString, script);
+    QFETCH(QString, expected);
+    QCOMPARE(interactionRun(script), expected);
 }
 
 QTEST_MAIN(TestChart)
