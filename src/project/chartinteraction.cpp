@@ -10,12 +10,16 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QWheelEvent>
 #include <QtCharts/QAbstractAxis>
 #include <QtCharts/QChart>
 #include <QtCharts/QXYSeries>
 
 namespace {
+
+// How long a gesture rests before the chart is drawn smooth again.
+constexpr int kSettleMs = 150;
 
 // A chart x (milliseconds) as a time stamp; a plot without size can give
 // anything, which must not overflow the conversion.
@@ -61,6 +65,7 @@ bool QVChartClass::m_wheelStep(double x, int delta)
     }
     if (w.outcome != qv::PixelWindow::Zoom)
         return false;
+    m_fastFrame();
     m_takeWindow(w.begin, w.end);
     view->zoomIn(QRectF(w.left, area.top(), w.right - w.left, area.height()));
     return true;
@@ -76,10 +81,26 @@ bool QVChartClass::m_dragStep(int x)
                                                settings.rangeEnd, timeAtPixel(view));
     if (w.outcome != qv::PixelWindow::Zoom)
         return false;  // at an edge: the drag goes on from where it stopped
+    m_fastFrame();
     m_takeWindow(w.begin, w.end);
     view->scroll(lastX - x, 0);
     lastX = x;
     return true;
+}
+
+void QVChartClass::m_fastFrame()
+{
+    if (!settleTimer) {
+        settleTimer = new QTimer(this);
+        settleTimer->setSingleShot(true);
+        settleTimer->setInterval(kSettleMs);
+        connect(settleTimer, &QTimer::timeout, this, [this] {
+            setRenderHint(QPainter::Antialiasing, true);
+            viewport()->update();
+        });
+    }
+    setRenderHint(QPainter::Antialiasing, false);
+    settleTimer->start();
 }
 
 void QVChartClass::wheelEvent(QWheelEvent *event)

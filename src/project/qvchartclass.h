@@ -21,6 +21,7 @@ class QGridLayout;
 class QIcon;
 class QLabel;
 class QPrinter;
+class QTimer;
 class QToolButton;
 class ToolTipClass;
 
@@ -84,6 +85,8 @@ private:
     ToolTipClass *tooltip = nullptr;
     // Pixel column of the last drag step (set by a left-button press).
     double lastX = 0.0;
+    // Restores smooth lines once a wheel or drag gesture rests.
+    QTimer *settleTimer = nullptr;
 
     QString projectDir;
     QString projectFile;
@@ -143,6 +146,9 @@ private:
     // A wheel step at pointer column x (delta > 0 zooms in); false if ignored.
     bool m_wheelStep(double x, int delta);
     bool m_dragStep(int x);
+    // A wheel or drag step draws without antialiasing, so the frames keep up
+    // with the pointer; the smooth picture returns when the gesture rests.
+    void m_fastFrame();
     void m_showState(QPointF position);
     ToolTipClass *m_callout();
 };
