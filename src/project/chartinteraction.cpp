@@ -20,6 +20,8 @@ namespace {
 
 // How long a gesture rests before the chart is drawn smooth again.
 constexpr int kSettleMs = 150;
+// While a gesture runs, one drawn point in this many is kept.
+constexpr int kThinning = 8;
 
 // A chart x (milliseconds) as a time stamp; a plot without size can give
 // anything, which must not overflow the conversion.
@@ -94,13 +96,47 @@ void QVChartClass::m_fastFrame()
         settleTimer = new QTimer(this);
         settleTimer->setSingleShot(true);
         settleTimer->setInterval(kSettleMs);
-        connect(settleTimer, &QTimer::timeout, this, [this] {
-            setRenderHint(QPainter::Antialiasing, true);
-            viewport()->update();
-        });
+        connect(settleTimer, &QTimer::timeout, this, &QVChartClass::m_settle);
+    }
+    if (!settleTimer->isActive() && chart()) {
+        // Every fourth point (and the last) while the gesture runs: the
+        // chart lays out and paints a quarter of the points per step.
+        thinnedChart = chart();
+        fullPoints.clear();
+        for (QtCharts::QAbstractSeries *series : thinnedChart->series()) {
+            auto *line = qobject_cast<QtCharts::QXYSeries *>(series);
+            if (!line)
+                continue;
+            const QVector<QPointF> all = line->pointsVector();
+            QVector<QPointF> few;
+            few.reserve(all.size() / kThinning + 2);
+            for (int k = 0; k < all.size(); k += kThinning)
+                few << all[k];
+            if (!all.isEmpty() && (all.size() - 1) % kThinning != 0)
+                few << all.last();
+            fullPoints << all;
+            line->replace(few);
+        }
     }
     setRenderHint(QPainter::Antialiasing, false);
     settleTimer->start();
+}
+
+void QVChartClass::m_settle()
+{
+    // A rebuild during the gesture brought full lines of its own.
+    if (thinnedChart && thinnedChart == chart()) {
+        int j = 0;
+        for (QtCharts::QAbstractSeries *series : thinnedChart->series()) {
+            auto *line = qobject_cast<QtCharts::QXYSeries *>(series);
+            if (line && j < fullPoints.size())
+                line->replace(fullPoints[j++]);
+        }
+    }
+    thinnedChart = nullptr;
+    fullPoints.clear();
+    setRenderHint(QPainter::Antialiasing, true);
+    viewport()->update();
 }
 
 void QVChartClass::wheelEvent(QWheelEvent *event)

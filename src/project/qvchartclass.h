@@ -9,6 +9,8 @@
 
 #include <QByteArray>
 #include <QPointF>
+#include <QPointer>
+#include <QVector>
 #include <QPrinter>
 #include <QString>
 #include <QtCharts/QChartView>
@@ -85,8 +87,11 @@ private:
     ToolTipClass *tooltip = nullptr;
     // Pixel column of the last drag step (set by a left-button press).
     double lastX = 0.0;
-    // Restores smooth lines once a wheel or drag gesture rests.
+    // Restores smooth, full lines once a wheel or drag gesture rests.
     QTimer *settleTimer = nullptr;
+    // The full points of the lines thinned for a gesture, and their chart.
+    QPointer<QtCharts::QChart> thinnedChart;
+    QVector<QVector<QPointF>> fullPoints;
 
     QString projectDir;
     QString projectFile;
@@ -149,6 +154,7 @@ private:
     // A wheel or drag step draws without antialiasing, so the frames keep up
     // with the pointer; the smooth picture returns when the gesture rests.
     void m_fastFrame();
+    void m_settle();
     void m_showState(QPointF position);
     ToolTipClass *m_callout();
 };
