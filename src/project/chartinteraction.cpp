@@ -118,6 +118,9 @@ void QVChartClass::m_fastFrame()
             line->replace(few);
         }
     }
+    // A callout would point at where its line was before the step.
+    if (tooltip)
+        tooltip->hide();
     setRenderHint(QPainter::Antialiasing, false);
     settleTimer->start();
 }
