@@ -94,11 +94,7 @@ int main(int argc, char *argv[])
     auto widget = std::make_unique<QVChartClass>(nullptr, &dir, &dir, grid);
     widget->resize(1480, 1046);
     qv::ChartModel &model = widget->model();
-    qv::SynthOptions synth;
-    synth.dataSets = 16;
-    synth.samples = qv::kMaxSamples;
-    synth.intervalSeconds = 60;
-    qv::g_synthesiseRecording(model, synth);
+    qv::g_synthesiseMaximum(model);
     synthesiseStates(model);
     auto box = [&](int i) { return panel.findChild<QCheckBox *>(QStringLiteral("enableBox%1").arg(i)); };
     for (int i = 0; i < 16; ++i) {

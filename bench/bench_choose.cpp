@@ -71,11 +71,7 @@ int main(int argc, char *argv[])
     auto widget = std::make_unique<QVChartClass>(nullptr, &dir, &dir, grid);
     widget->resize(1480, 1046);
     qv::ChartModel &model = widget->model();
-    qv::SynthOptions synth;
-    synth.dataSets = 16;
-    synth.samples = qv::kMaxSamples;
-    synth.intervalSeconds = 60;
-    qv::g_synthesiseRecording(model, synth);
+    qv::g_synthesiseMaximum(model);
     for (int i = 0; i < qv::kMaxDataSets; ++i)
         model.settings.lineFlags[i] |= qv::kLineShown;
     // A range in the middle, so the table opens scrolled away from the top.

@@ -43,11 +43,7 @@ int main(int argc, char *argv[])
     QTemporaryDir dir;
 
     auto model = std::make_unique<qv::ChartModel>();
-    qv::SynthOptions synth;
-    synth.dataSets = 16;
-    synth.samples = qv::kMaxSamples;
-    synth.intervalSeconds = 60;
-    qv::g_synthesiseRecording(*model, synth);
+    qv::g_synthesiseMaximum(*model);
     settingsT &s = model->settings;
     for (int i = 0; i < 16; ++i)
         s.lineFlags[i] |= 1;

@@ -43,11 +43,7 @@ qint64 zlib6Size(const QString &path)
 void run(const char *label, int samples, const QString &path, int level, bool compareZlib)
 {
     auto model = std::make_unique<qv::ChartModel>();
-    qv::SynthOptions synth;
-    synth.dataSets = 16;
-    synth.samples = samples;
-    synth.intervalSeconds = 60;
-    qv::g_synthesiseRecording(*model, synth);
+    qv::g_synthesiseMaximum(*model, samples);
     const qint64 payloadBytes = qv::g_payloadSize(16, false);
     const double payloadMiB = double(payloadBytes) / (1 << 20);
 

@@ -69,11 +69,7 @@ private:
 bool writeMaximumProject(const QString &path)
 {
     auto model = std::make_unique<qv::ChartModel>();
-    qv::SynthOptions synth;
-    synth.dataSets = 16;
-    synth.samples = qv::kMaxSamples;
-    synth.intervalSeconds = 60;
-    qv::g_synthesiseRecording(*model, synth);
+    qv::g_synthesiseMaximum(*model);
     model->settings.hasModeData = 1;
     model->modeCodes()->count = qv::kMaxSamples;
     for (int k = 0; k < qv::kMaxSamples; ++k)

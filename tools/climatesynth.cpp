@@ -130,4 +130,13 @@ void g_synthesiseRecording(ChartModel &model, const SynthOptions &o)
     model.activateRows();
 }
 
+void g_synthesiseMaximum(ChartModel &model, int samples)
+{
+    SynthOptions options;
+    options.dataSets = kMaxDataSets;
+    options.samples = samples;
+    options.intervalSeconds = 60;
+    g_synthesiseRecording(model, options);
+}
+
 }  // namespace qv

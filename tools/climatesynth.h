@@ -19,4 +19,8 @@ struct SynthOptions {
 // Fills names, units, decimals, axis ranges, times and values of the model.
 void g_synthesiseRecording(ChartModel &model, const SynthOptions &options);
 
+// The largest recording a project holds: 16 data sets of `samples` samples
+// (all a store takes by default), one a minute. What the benchmarks measure.
+void g_synthesiseMaximum(ChartModel &model, int samples = kMaxSamples);
+
 }  // namespace qv
