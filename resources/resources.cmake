@@ -15,7 +15,8 @@ target_link_libraries(quorvanta-svgtopng PRIVATE Qt5::Gui Qt5::Svg)
 qv_strict(quorvanta-svgtopng)
 
 set(QV_ICONS new open save saveas close print exportpdf exit settings chart flag_uk flag_ger
-  false true help about updatecheck zoomin zoomout zoomfull zoomwidth zoomheight importbin importcsv)
+  false true help about updatecheck zoomin zoomout zoomfull zoomwidth zoomheight importbin importcsv
+  previous next search home)
 set(QV_RES_FILES)
 # Renders the named drawings at one size; adds the PNG names to QV_RES_FILES.
 function(qv_render_pictures size)

@@ -36,14 +36,53 @@
     </message>
 </context>
 <context>
-    <name>HelpWindowClass</name>
+    <name>HelpWindow</name>
     <message>
         <source>Quorvanta Help</source>
         <translation>Quorvanta-Hilfe</translation>
     </message>
     <message>
-        <source>The help pages are not installed.</source>
-        <translation>Die Hilfeseiten sind nicht installiert.</translation>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Navigate</source>
+        <translation>Navigieren</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drucken</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Startseite</translation>
+    </message>
+    <message>
+        <source>toolBar</source>
+        <translation>Werkzeugleiste</translation>
+    </message>
+</context>
+<context>
+    <name>HelpWindowClass</name>
+    <message>
+        <source>Print Help Document</source>
+        <translation>Hilfedokument drucken</translation>
     </message>
 </context>
 <context>

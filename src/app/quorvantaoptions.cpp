@@ -92,15 +92,15 @@ void QuorvantaClass::s_doAutoSave()
 void QuorvantaClass::s_help(QWidget *parent, QString *hName)
 {
     Q_UNUSED(parent)
-    const QString page = (hName && !hName->isEmpty()) ? *hName : QStringLiteral("index.html");
+    QString page = (hName && !hName->isEmpty()) ? *hName : QStringLiteral("index.html");
     if (!helpWindow) {
-        helpWindow = new HelpWindowClass(appDir, page, language);
+        helpWindow = new HelpWindowClass(&appDir, nullptr, &page, language);
         connect(helpWindow, &HelpWindowClass::m_closed, this, &QuorvantaClass::s_helpClosed);
         helpWindow->restoreGeometry(helpPos);
         helpWindow->restoreState(helpState);
         helpWindow->show();
     } else {
-        helpWindow->m_setPage(page);
+        helpWindow->m_setSource(&page);
     }
     if (helpWindow->isMinimized())
         helpWindow->showNormal();

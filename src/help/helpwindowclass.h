@@ -1,33 +1,46 @@
-// The help window: shows the HTML pages of the language's help folder
-// beside the program. Reports its geometry and state when it closes.
+// The help window: a browser over the HTML pages of the language's help
+// folder with Previous/Next/Home/Search/Print/Exit. Reports its geometry and
+// tool-bar state when it closes, so the main window can store them.
 #pragma once
 
 #include <QByteArray>
 #include <QMainWindow>
 #include <QString>
+#include <QStringList>
 
-class QTextBrowser;
+#include <memory>
+
+class Ui_HelpWindow;
+
+// The folder the pages of a language live in: appDir + "/help/en", "/de",
+// "/fr" or "/it" for languages 0 to 3; when the program runs installed
+// (appDir = <prefix>/bin) and no such folder is beside it, the one under
+// <prefix>/share/quorvanta/help. Empty for a language of 4 or more.
+QString g_helpFolder(const QString &appDir, unsigned int language);
 
 class HelpWindowClass : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    HelpWindowClass(const QString &appDir, const QString &page, quint32 language, QWidget *parent = nullptr);
+    HelpWindowClass(QString *appDir, QWidget *parent, QString *page, unsigned int language);
+    ~HelpWindowClass() override;
 
-    void m_setPage(const QString &page);
-    QString m_helpFolder() const;
+    void m_setSource(QString *page);
+
+public slots:
+    void s_search();
+    void s_print();
 
 signals:
-    void m_closed(QByteArray *pos, QByteArray *state);
+    void m_closed(QByteArray *geometry, QByteArray *state);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    QString appDir;
-    quint32 language;
-    QTextBrowser *browser;
-    QByteArray closedPos;
+    QByteArray closedGeometry;
     QByteArray closedState;
+    QStringList searchPaths;
+    std::unique_ptr<Ui_HelpWindow> ui;
 };
