@@ -182,6 +182,34 @@
         <translation>Quorvanta PDF-Vorschau</translation>
     </message>
     <message>
+        <source>Date/Time</source>
+        <translation>Datum/Uhrzeit</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Export Data (CSV)</source>
+        <translation>Daten exportieren (CSV)</translation>
+    </message>
+    <message>
+        <source>The chart is zoomed in. Export only the samples it shows? No exports the whole selected range.</source>
+        <translation>Das Diagramm ist vergrößert. Nur die angezeigten Messwerte exportieren? Nein exportiert den ganzen gewählten Bereich.</translation>
+    </message>
+    <message>
+        <source>Export Data (CSV)...</source>
+        <translation>Daten exportieren (CSV)...</translation>
+    </message>
+    <message>
+        <source>CSV Table (*.csv)</source>
+        <translation>CSV-Tabelle (*.csv)</translation>
+    </message>
+    <message>
+        <source>Exporting Data...</source>
+        <translation>Daten werden exportiert...</translation>
+    </message>
+    <message>
         <source>Rendering chart for printing...</source>
         <translation>Diagramm wird für den Druck gezeichnet...</translation>
     </message>
@@ -546,6 +574,10 @@ Zu viele Spalten.</translation>
     <message>
         <source>Export PDF</source>
         <translation>PDF exportieren</translation>
+    </message>
+    <message>
+        <source>Export Data (CSV)...</source>
+        <translation>Daten exportieren (CSV)...</translation>
     </message>
     <message>
         <source>&amp;Exit</source>

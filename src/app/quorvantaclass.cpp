@@ -77,6 +77,7 @@ void QuorvantaClass::m_connectChart()
     connect(u.actionSave, &QAction::triggered, chart, &QVChartClass::s_saveProject);
     connect(u.actionSaveAs, &QAction::triggered, chart, &QVChartClass::s_saveProjectAs);
     connect(u.actionExportPDF, &QAction::triggered, chart, &QVChartClass::s_exportPDF);
+    connect(u.actionExportCSV, &QAction::triggered, chart, &QVChartClass::s_exportCSV);
     connect(u.actionPrint, &QAction::triggered, chart, &QVChartClass::s_print);
     connect(u.actionSettings, &QAction::triggered, chart, &QVChartClass::s_formatChart);
     connect(u.actionChooseData, &QAction::triggered, chart, &QVChartClass::s_chooseData);
@@ -89,9 +90,9 @@ void QuorvantaClass::m_connectChart()
 void QuorvantaClass::m_enableProjectActions(bool enable)
 {
     Ui_Quorvanta &u = *ui;
-    for (QAction *action : {u.actionClose, u.actionSave, u.actionSaveAs, u.actionExportPDF, u.actionPrint,
-                            u.actionZoomIn, u.actionZoomOut, u.actionZoomFull, u.actionZoomWidth, u.actionZoomHeight,
-                            u.actionSettings, u.actionChooseData})
+    for (QAction *action : {u.actionClose, u.actionSave, u.actionSaveAs, u.actionExportPDF, u.actionExportCSV,
+                            u.actionPrint, u.actionZoomIn, u.actionZoomOut, u.actionZoomFull, u.actionZoomWidth,
+                            u.actionZoomHeight, u.actionSettings, u.actionChooseData})
         action->setEnabled(enable);
     u.buttonData->setEnabled(enable);
 }

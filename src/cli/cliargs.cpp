@@ -10,11 +10,15 @@ QString g_cliUsage()
         "  quorvanta-cli info [--json] [--type csv|log|vis|qvj] [--yes|--no] FILE\n"
         "  quorvanta-cli pdf [--type csv|log|vis|qvj] [--yes|--no] INPUT -o OUTPUT.pdf\n"
         "  quorvanta-cli png [--type csv|log|vis|qvj] [--yes|--no] [--width N] INPUT -o OUTPUT.png\n"
+        "  quorvanta-cli csv [--type csv|log|vis|qvj] [--yes|--no] [--range selected|view|all] [--sets N,N,...]\n"
+        "                    [--excel-de] INPUT -o OUTPUT.csv\n"
         "\n"
         "convert  reads a sampling file or a project and writes it as a project (.qvj)\n"
         "info     prints the settings and data sets of a project or an imported sampling file\n"
         "pdf      writes the printed page (A4 landscape, chart and device parameters) as a PDF\n"
         "png      writes the chart of the printed page alone as a picture\n"
+        "csv      writes the samples as a table: local time with its UTC offset, one column per data set,\n"
+        "         the device state last when there is one; ';' between fields, CR LF line ends, UTF-8\n"
         "\n"
         "  --type T          the kind of INPUT; without it: .qvj project, .log binary log,\n"
         "                    .csv vaporix-VIS when its first line is empty, else controller CSV\n"
@@ -22,10 +26,14 @@ QString g_cliUsage()
         "  --json            print info as JSON\n"
         "  --changed-time S  stamp the saved record with S seconds since 1970 instead of now\n"
         "  --width N         width of the png picture in pixels (16..16384, default 1600)\n"
+        "  --range R         the rows csv writes: the selected range (default), the zoom window (view)\n"
+        "                    or every sample (all)\n"
+        "  --sets N,N,...    the data sets csv writes, numbered as info shows them (default: all)\n"
+        "  --excel-de        csv with a decimal comma and a byte order mark, for a German Excel\n"
         "  -o OUTPUT         the project to write; \".qvj\" is added unless the name ends in it.\n"
         "                    An existing OUTPUT is kept as its backup (extension \".bak\");\n"
         "                    an OUTPUT or backup that is the INPUT itself is refused.\n"
-        "                    For pdf and png the file to write, as it is named; never the INPUT\n"
+        "                    For pdf, png and csv the file to write, as it is named; never the INPUT\n"
         "\n"
         "Exit status: 0 done, 1 the file could not be read or written, 2 usage error.\n");
 }
@@ -58,6 +66,8 @@ bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *erro
         c.verb = CliCommand::Pdf;
     } else if (verb == QLatin1String("png")) {
         c.verb = CliCommand::Png;
+    } else if (verb == QLatin1String("csv")) {
+        c.verb = CliCommand::Csv;
     } else if (verb == QLatin1String("help") || verb == QLatin1String("--help") || verb == QLatin1String("-h")) {
         c.verb = CliCommand::Help;
         *command = c;
@@ -94,6 +104,33 @@ bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *erro
                 *error = QStringLiteral("--width needs a number of pixels from 16 to 16384");
                 return false;
             }
+        } else if (a == QLatin1String("--range") && c.verb == CliCommand::Csv) {
+            const QString r = hasValue ? arguments.at(++i) : QString();
+            if (r != QLatin1String("selected") && r != QLatin1String("view") && r != QLatin1String("all")) {
+                *error = QStringLiteral("--range needs selected, view or all");
+                return false;
+            }
+            c.range = r == QLatin1String("all")    ? CsvRange::All
+                      : r == QLatin1String("view") ? CsvRange::View
+                                                   : CsvRange::Selected;
+        } else if (a == QLatin1String("--sets") && c.verb == CliCommand::Csv) {
+            const QStringList numbers = hasValue ? arguments.at(++i).split(QLatin1Char(',')) : QStringList();
+            c.sets.clear();
+            for (const QString &n : numbers) {
+                bool ok = false;
+                const int set = n.toInt(&ok);
+                if (!ok || set < 0 || set >= kMaxDataSets) {
+                    *error = QStringLiteral("--sets needs data set numbers from 0 to 15, such as 0,2,5");
+                    return false;
+                }
+                c.sets << set;
+            }
+            if (c.sets.isEmpty()) {
+                *error = QStringLiteral("--sets needs data set numbers from 0 to 15, such as 0,2,5");
+                return false;
+            }
+        } else if (a == QLatin1String("--excel-de") && c.verb == CliCommand::Csv) {
+            c.excelDe = true;
         } else if (a == QLatin1String("-o") && c.verb != CliCommand::Info) {
             if (!hasValue) {
                 *error = QStringLiteral("-o needs a file name");

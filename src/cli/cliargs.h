@@ -2,6 +2,7 @@
 #pragma once
 
 #include "import/inputtype.h"
+#include "project/csvexport.h"
 
 #include <QString>
 #include <QStringList>
@@ -9,13 +10,16 @@
 namespace qv {
 
 struct CliCommand {
-    enum Verb { None, Convert, Info, Pdf, Png, Help } verb = None;
+    enum Verb { None, Convert, Info, Pdf, Png, Csv, Help } verb = None;
     InputType type = InputType::Unknown;  // Unknown: judged from the input file
     bool answerYes = false;               // answer to every Yes/No question
     bool json = false;
     bool hasChangedTime = false;
     quint32 changedTime = 0;
     int width = 1600;  // of the png picture
+    CsvRange range = CsvRange::Selected;
+    QVector<int> sets;  // empty: every data set
+    bool excelDe = false;
     QString input;
     QString output;
 };

@@ -1,10 +1,12 @@
 // quorvanta-cli: batch conversion to project files, a look inside them, and
-// the printed page as a PDF or the chart as a picture (drawn off-screen).
+// the printed page as a PDF or the chart as a picture (drawn off-screen), and
+// the samples as a CSV table.
 #include "cliargs.h"
 #include "infoprinter.h"
 
 #include "chart/pageprinterclass.h"
 #include "import/importer.h"
+#include "project/csvexport.h"
 #include "project/projectfile.h"
 #include "project/projectpaths.h"
 
@@ -60,6 +62,27 @@ int fail(const char *message)
     return 1;
 }
 
+// The samples as a table; a data set the input does not have is a usage error.
+int writeCsv(const qv::CliCommand &command, const qv::ChartModel &model, const QString &output)
+{
+    qv::CsvOptions options;
+    qv::g_csvWindow(model, command.range, options);
+    options.sets = command.sets;
+    for (int set = 0; command.sets.isEmpty() && set < model.usedDataSets(); ++set)
+        options.sets << set;
+    for (int set : qAsConst(options.sets)) {
+        if (set >= model.usedDataSets()) {
+            QTextStream(stderr) << "quorvanta-cli: " << command.input << " has no data set " << set << " (it has "
+                                << model.usedDataSets() << ")\n\n"
+                                << qv::g_cliUsage();
+            return 2;
+        }
+    }
+    options.decimalComma = options.byteOrderMark = command.excelDe;
+    const qv::FileResult saved = qv::g_saveCsvFile(model, output, options);
+    return saved.ok ? 0 : fail(saved.message);
+}
+
 }  // namespace
 
 int main(int argc, char *argv[])
@@ -96,8 +119,9 @@ int main(int argc, char *argv[])
     }
 
     const bool drawing = command.verb == qv::CliCommand::Pdf || command.verb == qv::CliCommand::Png;
-    const QString output = drawing ? command.output : qv::g_projectOutputName(command.output);
-    if (drawing && sameFile(output, command.input)) {
+    const bool namedOutput = drawing || command.verb == qv::CliCommand::Csv;
+    const QString output = namedOutput ? command.output : qv::g_projectOutputName(command.output);
+    if (namedOutput && sameFile(output, command.input)) {
         QTextStream(stderr) << "quorvanta-cli: writing " << output << " would overwrite the input file "
                             << command.input << '\n';
         return 1;
@@ -122,6 +146,9 @@ int main(int argc, char *argv[])
                                              : qv::g_infoText(*model, command.input));
         return 0;
     }
+
+    if (command.verb == qv::CliCommand::Csv)
+        return writeCsv(command, *model, output);
 
     if (command.verb == qv::CliCommand::Pdf || command.verb == qv::CliCommand::Png) {
         // A file that cannot be written is told before anything is drawn.

@@ -112,6 +112,8 @@ public slots:
     bool s_saveProjectAs();
     void s_projectChanged();
     void s_exportPDF();
+    // The shown data sets' samples as a CSV table.
+    void s_exportCSV();
     void s_print();
     void s_formatChart();
     void s_chooseData();

@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QtTest>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -79,6 +80,8 @@ private slots:
     void save();
     void importRoutine_data();
     void importRoutine();
+    void exportCsv_data();
+    void exportCsv();
 
 private:
     QTemporaryDir scratch;
@@ -218,6 +221,54 @@ void TestChartDocument::importRoutine()
     found += QLatin1String(modeBox->isHidden() ? "| -" : modeBox->isChecked() ? "| mode+" : "| mode-");
     found += QLatin1String(chart->m_getProjectFile().isEmpty() && changes.isEmpty() ? "" : " bound");
     QCOMPARE(found, expected);
+}
+
+void TestChartDocument::exportCsv_data()
+{
+    // clang-format off
+    QTest::addColumn<QString>("zoom");  // "": not zoomed; else zoomed on samples 5..9 of 0..19, and the answer
+    QTest::addColumn<QString>("file");  // "" cancels the file dialog
+    // questions asked, the file dialog's proposal, other messages, the
+    // header (shown sets only) and the number of rows written.
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("not zoomed: no question, the selected range") << "" << "t.csv" << "0 #/a.csv |  | Date/Time;Set 0;Set 2;State 20";
+    QTest::newRow("zoomed, Yes: the zoom window") << "Yes" << "t.csv" << "1 #/a.csv |  | Date/Time;Set 0;Set 2;State 5";
+    QTest::newRow("zoomed, No: the selected range") << "No" << "t.csv" << "1 #/a.csv |  | Date/Time;Set 0;Set 2;State 20";
+    QTest::newRow("cancelled: nothing written") << "" << "" << "0 #/a.csv |  |  0";
+    QTest::newRow("write error") << "" << "no/t.csv" << "0 #/a.csv | 3 Quorvanta Error|Error while writing file! |  0";
+    // clang-format on
+}
+
+// Export Data (CSV): the shown data sets over the selected range, or over
+// the zoom window when the user answers Yes.
+void TestChartDocument::exportCsv()
+{
+    QFETCH(QString, zoom);
+    QFETCH(QString, file);
+    QFETCH(QString, expected);
+    QTemporaryDir dir;
+    QString project = dir.filePath(QStringLiteral("a.qvj"));
+    QVERIFY(qvtest::writeProject(project, 3, true) && chart->m_openProject(&project));
+    if (!zoom.isEmpty()) {
+        chart->model().settings.viewBegin = chart->model().data(0)->time[5];
+        chart->model().settings.viewEnd = chart->model().data(0)->time[9];
+    }
+    qvtest::ScriptedDialogs dialogs;
+    dialogs.answers << (zoom == QLatin1String("Yes") ? QMessageBox::Yes : QMessageBox::No);
+    dialogs.fileNames << (file.isEmpty() ? file : dir.filePath(file));
+    chart->s_exportCSV();
+    const int shown = dialogs.messages.size();
+    dialogs.messages.erase(
+        std::remove_if(dialogs.messages.begin(), dialogs.messages.end(),
+                       [](const qv::MessageRecord &m) { return m.kind == qv::MessageKind::Question; }),
+        dialogs.messages.end());
+    const QList<QByteArray> lines = qvtest::readFile(dir.filePath(file)).split('\n');
+    QString found =
+        QStringLiteral("%1 %2 | %3 | %4 %5")
+            .arg(shown - dialogs.messages.size())
+            .arg(dialogs.fileDialogs.value(0).directory, messages(dialogs), QString::fromUtf8(lines.first().trimmed()))
+            .arg(qMax(0, lines.size() - 2));
+    QCOMPARE(found.replace(dir.path(), QStringLiteral("#")), expected);
 }
 
 QTEST_MAIN(TestChartDocument)
