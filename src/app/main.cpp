@@ -2,18 +2,27 @@
 #include "project/commandline.h"
 #include "app/quorvantaclass.h"
 #include "project/projectfile.h"
+#include "ui/resources.h"
 
 #include <QApplication>
+#include <QIcon>
 
 int main(int argc, char *argv[])
 {
     qv::g_ignoreFileSizeSignal();
     QApplication app(argc, argv);
-    const QString project = qv::g_projectArgument(argc, argv);
+    qv::g_initResources();
+    // The title bars and the task bar show our icon; the desktop entry of
+    // the installed program is quorvanta.desktop.
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/new/prefix1/resources/Quorvanta.png")));
+    QGuiApplication::setDesktopFileName(QStringLiteral("quorvanta"));
+    const qv::StartRequest start = qv::g_startRequest(argc, argv);
 
     QuorvantaClass window(QCoreApplication::applicationDirPath());
-    if (!project.isEmpty())
-        window.s_openProject(project);
+    if (start.action == qv::StartRequest::OpenProject)
+        window.s_openProject(start.path);
+    else if (start.action == qv::StartRequest::ImportSampling)
+        window.m_openFile(start.path);
     app.setQuitOnLastWindowClosed(true);
     window.m_checkUpdate();
     QApplication::exec();

@@ -27,6 +27,7 @@ QuorvantaClass::QuorvantaClass(const QString &appDir, QWidget *parent, bool show
         startScreen->show();
     }
     ui->setupUi(this);
+    setAcceptDrops(true);  // a project or sampling file dropped on the window
     recentGroup = new QActionGroup(this);
     recentGroup->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
     m_enableProjectActions(false);

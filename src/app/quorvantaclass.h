@@ -39,6 +39,11 @@ public:
     QVChartClass *m_chart() const { return chart; }
     const QString &m_settingsDir() const { return settingsDir; }
 
+    // Opens a project (.qvj) or imports a sampling file as a new project, its
+    // kind judged from the file as quorvanta-cli judges it; the close prompt
+    // comes first. False for a file of neither kind.
+    bool m_openFile(const QString &path);
+
 public slots:
     void s_openProject(QString pFile = QString());
     void s_newProject(bool open = false);
@@ -66,6 +71,8 @@ public slots:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     enum class TitleKind { Form, NoProject, Noname, File };

@@ -12,7 +12,7 @@
 #include "ui/progresssession.h"
 #include "ui/widgetimporthost.h"
 
-bool QVChartClass::m_importCSV()
+bool QVChartClass::m_importCSV(const QString &path)
 {
     static const qv::ImportKind kind{
         QT_TR_NOOP("Open Ventimar Sampling File"),
@@ -20,10 +20,10 @@ bool QVChartClass::m_importCSV()
         QT_TR_NOOP("CSV Ventimar Data"),
         &qv::g_importControllerCsv,
     };
-    return m_runImport(kind);
+    return m_runImport(kind, path);
 }
 
-bool QVChartClass::m_importDAT()
+bool QVChartClass::m_importDAT(const QString &path)
 {
     static const qv::ImportKind kind{
         QT_TR_NOOP("Open Ventimar Sampling File"),
@@ -31,10 +31,10 @@ bool QVChartClass::m_importDAT()
         QT_TR_NOOP("Binary Ventimar Data"),
         &qv::g_importControllerLog,
     };
-    return m_runImport(kind);
+    return m_runImport(kind, path);
 }
 
-bool QVChartClass::m_importVap()
+bool QVChartClass::m_importVap(const QString &path)
 {
     static const qv::ImportKind kind{
         QT_TR_NOOP("Open vaporix-Vis Sampling File"),
@@ -42,12 +42,14 @@ bool QVChartClass::m_importVap()
         QT_TR_NOOP("CSV vaporix-Vis Data"),
         &qv::g_importVisCsv,
     };
-    return m_runImport(kind);
+    return m_runImport(kind, path);
 }
 
-bool QVChartClass::m_runImport(const qv::ImportKind &kind)
+bool QVChartClass::m_runImport(const qv::ImportKind &kind, const QString &givenPath)
 {
-    const QString path = qv::g_getOpenFileName(mainWindow, tr(kind.caption), importDir, tr(kind.filter));
+    const QString path = !givenPath.isEmpty()
+                             ? givenPath
+                             : qv::g_getOpenFileName(mainWindow, tr(kind.caption), importDir, tr(kind.filter));
     if (path.isEmpty())
         return false;
 

@@ -13,6 +13,8 @@
 
 #include <QAction>
 #include <QDirIterator>
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QtTest>
@@ -36,6 +38,13 @@ QSize sizeOf(const QString &text)  // "w h"
     return QSize(wh.value(0).toInt(), wh.value(1).toInt());
 }
 
+QMessageBox::StandardButton buttonOf(const QString &text)
+{
+    return text == QLatin1String("Yes")  ? QMessageBox::Yes
+           : text == QLatin1String("No") ? QMessageBox::No
+                                         : QMessageBox::Cancel;
+}
+
 // One rule of the shell applied to its input in text form (fields split at '|').
 QString applyRule(const QString &rule, const QString &input)
 {
@@ -49,10 +58,13 @@ QString applyRule(const QString &rule, const QString &input)
         QByteArrayList bytes{"quorvanta"};
         QVector<const char *> argv;
         for (int i = 0; i < f.size() && !f[0].isEmpty(); ++i)
-            bytes << f[i].toLatin1();
+            bytes << f[i].toLatin1().replace("$SRC", QV_SOURCE_DIR);
         for (const QByteArray &a : bytes)
             argv << a.constData();
-        return g_projectArgument(argv.size(), argv.constData());
+        StartRequest start = g_startRequest(argv.size(), argv.constData());
+        const char *const action[] = {"", "open ", "import "};
+        return QLatin1String(action[start.action]) +
+               start.path.replace(QLatin1String(QV_SOURCE_DIR), QLatin1String("$SRC"));
     }
     if (rule == QLatin1String("menu"))  // a recent path as its menu text
         return g_menuText(input);
@@ -81,9 +93,7 @@ QString applyRule(const QString &rule, const QString &input)
         if (f[2] == QLatin1String("gone"))
             dir.remove();
         qvtest::ScriptedDialogs dialogs;
-        dialogs.answers << (f[1] == QLatin1String("Yes")  ? QMessageBox::Yes
-                            : f[1] == QLatin1String("No") ? QMessageBox::No
-                                                          : QMessageBox::Cancel);
+        dialogs.answers << buttonOf(f[1]);
         if (f[0] != QLatin1String("close"))
             w->findChild<QAction *>(f[0])->trigger();
         const bool closedSays = f[0] == QLatin1String("close") ? w->s_closeProject() : !w->findChild<QVChartClass *>();
@@ -99,6 +109,42 @@ QString applyRule(const QString &rule, const QString &input)
             << QLatin1String(w->isWindowModified() ? "modified" : "")
             << QLatin1String(w->isVisible() ? "" : "window closed")
             << QLatin1String(dialogs.execClasses.isEmpty() ? "" : "chooser");
+        out.removeAll(QString());
+        return out.join(QLatin1Char(' '));
+    }
+    if (rule == QLatin1String("drop")) {  // files (',') | answers | "busy": a modified project is open
+        QTemporaryDir dir;
+        const QString project = dir.filePath(QStringLiteral("drop.qvj"));
+        if (!qvtest::writeProject(project, 2))
+            return QStringLiteral("cannot write the project");
+        auto w = qvtest::makeWindow();
+        if (f[2] == QLatin1String("busy")) {
+            w->s_openProject(project);
+            w->s_projectChanged();
+        }
+        QList<QUrl> urls;
+        for (const QString &name : f[0].split(QLatin1Char(',')))
+            urls << QUrl::fromLocalFile(name == QLatin1String("project") ? project
+                                                                         : QLatin1String(QV_SOURCE_DIR "/") + name);
+        QMimeData mime;
+        mime.setUrls(urls);
+        qvtest::ScriptedDialogs dialogs;
+        for (const QString &answer : f[1].split(QLatin1Char(' '), Qt::SkipEmptyParts))
+            dialogs.answers << buttonOf(answer);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(w.get(), &enter);
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(w.get(), &drop);
+        QCoreApplication::processEvents();  // the open or import runs after the drop
+        QStringList out{QLatin1String(enter.isAccepted() ? "accepted" : "ignored")};
+        for (const MessageRecord &m : dialogs.messages)
+            out << QLatin1String(m.buttons.testFlag(QMessageBox::Cancel) ? "prompt"
+                                 : m.kind == MessageKind::Question       ? "asked"
+                                                                         : "error");
+        const auto *chart = w->findChild<QVChartClass *>();
+        out << (chart ? QStringLiteral("%1 sets").arg(chart->model().usedDataSets()) : QStringLiteral("no project"))
+            << QLatin1String(chart && chart->model().settings.hasModeData ? "states" : "")
+            << QLatin1String(w->isWindowModified() ? "modified" : "");
         out.removeAll(QString());
         return out.join(QLatin1Char(' '));
     }
@@ -135,9 +181,24 @@ void TestApp::rules_data()
     QTest::newRow("recent: 17th drops the oldest") << "a b c d e f g h i j k l m n o p|new" << "new a b c d e f g h i j k l m n o";
     QTest::newRow("recent: full list, reopened last") << "a b c d e f g h i j k l m n o p|p" << "p a b c d e f g h i j k l m n o";
     QTest::newRow("recent: overlong list is cut") << "a b c d e f g h i j k l m n o p q r s t|new" << "new a b c d e f g h i j k l m n o";
-    QTest::newRow("argv: one, backslashes") << "C:\\Daten\\a.qvj" << "C:/Daten/a.qvj";
-    QTest::newRow("argv: Latin-1") << QStringLiteral("/d/K\u00e4lte.qvj") << QStringLiteral("/d/K\u00e4lte.qvj");
+    QTest::newRow("argv: one, backslashes") << "C:\\Daten\\a.qvj" << "open C:/Daten/a.qvj";
+    QTest::newRow("argv: Latin-1") << QStringLiteral("/d/K\u00e4lte.qvj") << QStringLiteral("open /d/K\u00e4lte.qvj");
     QTest::newRow("argv: two are ignored") << "/a.qvj|/b.qvj" << "";
+    QTest::newRow("argv: none") << "" << "";
+    QTest::newRow("argv: a controller CSV is imported") << "$SRC/resources/samples/ventimar-lager.csv" << "import $SRC/resources/samples/ventimar-lager.csv";
+    QTest::newRow("argv: a vaporix-VIS CSV is imported") << "$SRC/tests/data/vis/four-states.csv" << "import $SRC/tests/data/vis/four-states.csv";
+    QTest::newRow("argv: a log, any case, is imported") << "D:\\SV_SA_01.LOG" << "import D:/SV_SA_01.LOG";
+    QTest::newRow("argv: any other name opens as a project") << "/d/a.qvx" << "open /d/a.qvx";
+    QTest::newRow("argv: two sampling files are ignored") << "/a.csv|/b.csv" << "";
+    QTest::newRow("drop: a project opens") << "project||" << "accepted 2 sets";
+    QTest::newRow("drop: a controller CSV, siblings Yes") << "resources/samples/vaporix-keller_TS01.csv|Yes|" << "accepted asked 12 sets states modified";
+    QTest::newRow("drop: a controller CSV, siblings No") << "resources/samples/vaporix-keller_TS01.csv|No|" << "accepted asked 12 sets modified";
+    QTest::newRow("drop: a vaporix-VIS CSV") << "tests/data/vis/four-states.csv||" << "accepted 6 sets states modified";
+    QTest::newRow("drop: a missing log fails, nothing kept") << "nowhere/SV_SA_01.LOG||" << "accepted error no project";
+    QTest::newRow("drop: another file is ignored") << "README.md||" << "ignored no project";
+    QTest::newRow("drop: two files are ignored") << "project,tests/data/vis/four-states.csv||" << "ignored no project";
+    QTest::newRow("drop: on a modified project, Cancel keeps it") << "tests/data/vis/four-states.csv|Cancel|busy" << "accepted prompt 2 sets modified";
+    QTest::newRow("drop: on a modified project, No imports") << "tests/data/vis/four-states.csv|No|busy" << "accepted prompt 6 sets states modified";
     QTest::newRow("menu: & shows as it is") << "/d/R&D/a.qvj" << "/d/R&&D/a.qvj";
     QTest::newRow("window: the designed size where it fits") << "1280 860|1920 1040" << "1280 860";
     QTest::newRow("window: 1366 x 768 makes it smaller") << "1280 860|1366 728" << "1280 680";
