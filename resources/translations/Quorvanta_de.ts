@@ -477,16 +477,75 @@ Zu viele Spalten.</translation>
 <context>
     <name>QVUpdateClass</name>
     <message>
-        <source>Check for Updates</source>
-        <translation>Nach Updates suchen</translation>
+        <source>Existing Quorvanta Version: %1</source>
+        <translation>Installierte Quorvanta-Version: %1</translation>
     </message>
     <message>
-        <source>Installed version: %1</source>
-        <translation>Installierte Version: %1</translation>
+        <source>Looking for new version ...</source>
+        <translation>Suche nach neuer Version ...</translation>
     </message>
     <message>
-        <source>No update server is configured in this version.</source>
-        <translation>In dieser Version ist kein Update-Server eingerichtet.</translation>
+        <source>Invalid version file (%1 bytes)</source>
+        <translation>Ungültige Versionsdatei (%1 Bytes)</translation>
+    </message>
+    <message>
+        <source>The update server did not answer in time.</source>
+        <translation>Der Update-Server hat nicht rechtzeitig geantwortet.</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>Fehler: %1</translation>
+    </message>
+    <message>
+        <source>New Quorvanta Version: %1</source>
+        <translation>Neue Quorvanta-Version: %1</translation>
+    </message>
+    <message>
+        <source>No Update neccessary</source>
+        <translation>Kein Update notwendig</translation>
+    </message>
+    <message>
+        <source>Ready to start Update. (%1 kB)</source>
+        <translation>Bereit zum Update. (%1 kB)</translation>
+    </message>
+    <message>
+        <source>The update is larger than %1 MiB.</source>
+        <translation>Das Update ist größer als %1 MiB.</translation>
+    </message>
+    <message>
+        <source>Quorvanta Update</source>
+        <translation>Quorvanta-Update</translation>
+    </message>
+    <message>
+        <source>Unable to save update! %1</source>
+        <translation>Update kann nicht gespeichert werden! %1</translation>
+    </message>
+    <message>
+        <source>Update successful...</source>
+        <translation>Update erfolgreich...</translation>
+    </message>
+    <message>
+        <source>Quorvanta will be closed to perform the update!</source>
+        <translation>Quorvanta wird für das Update beendet!</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateClass</name>
+    <message>
+        <source>Quorvanta Internet Update</source>
+        <translation>Quorvanta Internet-Update</translation>
+    </message>
+    <message>
+        <source>Update progess:</source>
+        <translation>Update-Fortschritt:</translation>
+    </message>
+    <message>
+        <source>Download + Install</source>
+        <translation>Herunterladen + Installieren</translation>
+    </message>
+    <message>
+        <source>Exit Updater</source>
+        <translation>Updater beenden</translation>
     </message>
 </context>
 <context>
@@ -653,6 +712,10 @@ Zu viele Spalten.</translation>
     <message>
         <source>A new version is available - Start update?</source>
         <translation>Eine neue Version ist verfügbar - Update starten?</translation>
+    </message>
+    <message>
+        <source>The update cannot be started: %1</source>
+        <translation>Das Update kann nicht gestartet werden: %1</translation>
     </message>
     <message>
         <source>Save Project</source>

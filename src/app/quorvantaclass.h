@@ -107,6 +107,7 @@ private:
     QTranslator *appTranslator;
     QTranslator *qtTranslator;
     QPointer<WebUpdateClass> webUpdate;
+    QString updateServer;  // "UpdateServer" of the settings store, empty for our own
 
     TitleKind titleKind = TitleKind::Form;
     QString titlePath;

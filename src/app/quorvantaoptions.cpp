@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QDir>
 #include <QTimer>
 #include <QTranslator>
 
@@ -18,6 +19,12 @@ namespace {
 
 constexpr int kAutoSaveIntervalMs = 10000;
 constexpr int kAutoSaveTicks = 90;  // 15 minutes of modified project
+
+// The update server: the environment may override the settings store.
+QUrl updateServerUrl(const QString &setting)
+{
+    return qv::g_updateServer(setting, qEnvironmentVariable(qv::kUpdateServerVariable));
+}
 
 }  // namespace
 
@@ -123,7 +130,7 @@ void QuorvantaClass::m_checkUpdate()
 {
     if (!ui->actionAutoUpdate->isChecked())
         return;
-    webUpdate = new WebUpdateClass(QString::fromLatin1(kVersion), this);
+    webUpdate = new WebUpdateClass(QString::fromLatin1(kVersion), updateServerUrl(updateServer), this);
     connect(webUpdate, &WebUpdateClass::m_webUpdateReady, this, &QuorvantaClass::s_webUpdateReady);
 }
 
@@ -144,9 +151,18 @@ void QuorvantaClass::s_webUpdateReady(int found)
 
 void QuorvantaClass::s_update()
 {
-    QVUpdateClass dialog(QString::fromLatin1(kVersion), settingsDir, this);
-    if (qv::g_execDialog(dialog) == QDialog::Accepted) {
-        appVal = qv::kStartUpdater;
-        close();
+    QVUpdateClass dialog(this, QString::fromLatin1(kVersion), settingsDir, updateServerUrl(updateServer));
+    if (qv::g_execDialog(dialog) != QDialog::Accepted)
+        return;
+    // Close only when what was saved can be started: after the window has
+    // gone nobody could be told.
+    const QString updater = qv::g_programAfterExit(qv::kStartUpdater, appDir, settingsDir);
+    if (!qv::g_canStart(updater)) {
+        qv::g_critical(this, tr("Quorvanta Update"),
+                       tr("The update cannot be started: %1").arg(QDir::toNativeSeparators(updater)));
+        return;
     }
+    appVal = qv::kStartUpdater;
+    if (!close())
+        appVal = 0;  // the project was not closed: no update on a later exit
 }

@@ -50,6 +50,7 @@ void QuorvantaClass::m_readSettings()
     language = s.value(QStringLiteral("Language"), 1u).toUInt();
     projectDir = s.value(QStringLiteral("ProjectDir"), projectDir).toString();
     importDir = s.value(QStringLiteral("ImportDir"), importDir).toString();
+    updateServer = s.value(QStringLiteral("UpdateServer")).toString();  // read only, set by hand
 
     m_syncRecentActions();
     connect(recentGroup, &QActionGroup::triggered, this, &QuorvantaClass::s_openRecentFile);

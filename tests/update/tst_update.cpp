@@ -1,0 +1,230 @@
+// The version check, the update dialog and the start of the saved updater,
+// against an HTTP server on 127.0.0.1 that the test runs.
+#include "app/appexit.h"
+#include "app/scripteddialogs.h"
+#include "app/shellfixture.h"
+#include "support/testsupport.h"
+#include "update/qvupdateclass.h"
+#include "update/webupdateclass.h"
+
+#include <QPushButton>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTextEdit>
+#include <QtTest>
+
+#include <unistd.h>
+
+namespace {
+
+enum Reply { None = -1, Ok, NotFound, Close, Hang, Elsewhere, BreakOff, Huge };
+const QByteArray kVersion = "/quorvanta/version.upd", kUpdater = "/quorvanta/QuorvantaUpdate.exe";
+
+// Answers a GET by the behaviour of its path (others: 404) and keeps what
+// was asked.
+class Server : public QTcpServer
+{
+public:
+    QMap<QByteArray, QPair<Reply, QByteArray>> routes;
+    QSet<QByteArray> requests;
+    QByteArray elsewhere;  // where a redirect points
+    Server() { listen(QHostAddress::LocalHost); }
+
+protected:
+    void incomingConnection(qintptr handle) override
+    {
+        auto *socket = new QTcpSocket(this);
+        socket->setSocketDescriptor(handle);
+        connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
+            if (!socket->peek(8192).contains("\r\n\r\n"))
+                return;  // the whole head first
+            const QList<QByteArray> line = socket->readAll().split(' ');
+            requests << line[0] + ' ' + line.value(1);
+            const auto [reply, body] = routes.value(line.value(1), {NotFound, {}});
+            const QByteArray size = QByteArray::number(reply == Huge ? (64 << 20) + 1 : body.size());
+            if (reply == Close)
+                socket->close();
+            if (reply == NotFound)
+                socket->write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
+            if (reply == Elsewhere)
+                socket->write("HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + elsewhere + "\r\n\r\n");
+            if (reply == Ok || reply == BreakOff || reply == Huge)
+                socket->write("HTTP/1.1 200 OK\r\nContent-Length: " + size + "\r\n\r\n" +
+                              (reply == BreakOff ? body.left(body.size() / 2) : body));
+            if (reply != Hang && reply != Huge)
+                socket->disconnectFromHost();
+        });
+    }
+};
+
+// A version file: 7 characters (zero-padded), one unused byte, kB (LE).
+QByteArray versionFile(const QByteArray &version, qint32 kb = 1234)
+{
+    const quint32 k = quint32(kb);
+    return version.leftJustified(8, '\0', true) + char(k) + char(k >> 8) + char(k >> 16) + char(k >> 24);
+}
+
+}  // namespace
+
+class TestUpdate : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir scratch;
+    Server server, other;
+    const QUrl base{QStringLiteral("http://127.0.0.1:%1").arg(server.serverPort())};
+    void serve(Reply version, const QByteArray &versionBytes, Reply updater, const QByteArray &updaterBytes)
+    {
+        server.routes = {{kVersion, {version, versionBytes}}, {kUpdater, {updater, updaterBytes}}};
+        server.elsewhere = "http://localhost:" + QByteArray::number(other.serverPort()) + kVersion;
+        server.requests.clear();
+        other.requests.clear();
+    }
+
+private slots:
+    void initTestCase() { qvtest::prepareShell(scratch); }
+
+    // The check and the dialog read the same answers of the server.
+    void backgroundCheck_data() { dialog_data(); }
+
+    // Only the version file is asked for (a closed connection is asked
+    // again), only on our server; 1 only for a newer version.
+    void backgroundCheck()
+    {
+        QFETCH(int, versionReply);
+        QFETCH(QByteArray, versionBytes);
+        QFETCH(QByteArray, log);
+        serve(Reply(versionReply), versionBytes, NotFound, {});
+        WebUpdateClass check(QStringLiteral("1.8.100"), base, nullptr, 300);
+        QSignalSpy ready(&check, &WebUpdateClass::m_webUpdateReady);
+        QVERIFY(ready.wait(5000));
+        QCOMPARE(ready, QList<QVariantList>{{int(log.contains("Ready to start"))}});
+        QCOMPARE(server.requests, QSet<QByteArray>{"GET " + kVersion});
+        QVERIFY(other.requests.isEmpty());
+    }
+
+    void dialog_data()
+    {
+        QTest::addColumn<int>("versionReply");
+        QTest::addColumn<QByteArray>("versionBytes");
+        QTest::addColumn<int>("updaterReply");   // None: not offered
+        QTest::addColumn<QByteArray>("folder");  // "ro": read-only, "file": a file in its place
+        QTest::addColumn<QByteArray>("log");     // after the first two lines; %1 = the server
+        QTest::addColumn<QByteArray>("message");
+        const auto row = [](const char *name, Reply version, const QByteArray &bytes, Reply updater,
+                            const QByteArray &folder, const QByteArray &log, const QByteArray &message = {}) {
+            QTest::newRow(name) << int(version) << bytes << int(updater) << folder << log << message;
+        };
+        const QByteArray newer = versionFile("1.9.000"), late = "The update server did not answer in time.";
+        const QByteArray ready = "New Quorvanta Version: 1.9.000\nReady to start Update. (1234 kB)";
+        const QByteArray error = ready + "\nError: ", unsaved = "Quorvanta Update: Unable to save update! ";
+        row("saved", Ok, newer, Ok, {}, ready + "\nUpdate successful...",
+            "Quorvanta Update: Quorvanta will be closed to perform the update!");
+        row("newer in the last character", Ok, versionFile("1.8.101"), None, {},
+            "New Quorvanta Version: 1.8.101\nReady to start Update. (1234 kB)");
+        row("older", Ok, versionFile("1.7.999"), None, {}, "New Quorvanta Version: 1.7.999\nNo Update neccessary");
+        row("1.10.00 sorts before 1.8.100", Ok, versionFile("1.10.00"), None, {},
+            "New Quorvanta Version: 1.10.00\nNo Update neccessary");
+        row("equal", Ok, versionFile("1.8.100"), None, {}, "New Quorvanta Version: 1.8.100\nNo Update neccessary");
+        row("size -1", Ok, versionFile("1.9.000", -1), None, {},
+            "New Quorvanta Version: 1.9.000\nReady to start Update. (-1 kB)");
+        row("version up to a zero byte", Ok, versionFile(QByteArray("1.9\0abc", 7)), None, {},
+            "New Quorvanta Version: 1.9\nReady to start Update. (1234 kB)");
+        row("11 bytes", Ok, newer.left(11), None, {}, "Error: Invalid version file (11 bytes)");
+        row("13 bytes", Ok, newer + 'x', None, {}, "Error: Invalid version file (13 bytes)");
+        row("4 KiB", Ok, newer.repeated(342), None, {}, "Error: Invalid version file (4104 bytes)");
+        row("version closed", Close, {}, None, {}, "Error: Connection closed");
+        row("version breaks off", BreakOff, newer, None, {}, "Error: Connection closed");
+        row("version 404", NotFound, newer, None, {},
+            "Error: Error transferring %1/quorvanta/version.upd - server replied: Not Found");
+        row("version timeout", Hang, newer, None, {}, "Error: " + late);
+        row("version redirected", Elsewhere, newer, None, {}, "Error: Insecure redirect");
+        row("updater 404", Ok, newer, NotFound, {},
+            error + "Error transferring %1/quorvanta/QuorvantaUpdate.exe - server replied: Not Found");
+        row("updater closed", Ok, newer, Close, {}, error + "Connection closed");
+        row("updater breaks off", Ok, newer, BreakOff, {}, error + "Connection closed");
+        row("updater timeout", Ok, newer, Hang, {}, error + late);
+        row("updater over 64 MiB", Ok, newer, Huge, {}, error + "The update is larger than 64 MiB.");
+        row("read-only folder", Ok, newer, Ok, "ro", ready, unsaved + "Permission denied");
+        row("no folder", Ok, newer, Ok, "file", ready, unsaved + "Not a directory");
+    }
+
+    // The log, the messages, the buttons, the requests and what the folder
+    // holds after the check and, where offered, the download.
+    void dialog()
+    {
+        QFETCH(int, versionReply);
+        QFETCH(QByteArray, versionBytes);
+        QFETCH(int, updaterReply);
+        QFETCH(QByteArray, folder);
+        QFETCH(QByteArray, log);
+        QFETCH(QByteArray, message);
+        if (folder == "ro" && geteuid() == 0)
+            QSKIP("root writes into read-only folders");
+        const QByteArray updater = QByteArray("#!/bin/sh\n").leftJustified(4096, '#') + "\nexit 0\n";
+        serve(Reply(versionReply), versionBytes, Reply(updaterReply), updater);
+        QTemporaryDir dir;
+        if (folder == "ro")
+            QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner);
+        const QString programDir = folder == "file" ? dir.filePath(QStringLiteral("file")) : dir.path();
+        if (folder == "file")
+            qvtest::writeFile(programDir, {});
+        qvtest::ScriptedDialogs messages;
+        QVUpdateClass dialog(nullptr, QStringLiteral("1.8.100"), programDir, base, 300);
+        auto *edit = dialog.findChild<QTextEdit *>(QStringLiteral("editStatus"));
+        auto *update = dialog.findChild<QPushButton *>(QStringLiteral("buttonUpdate"));
+        auto *exit = dialog.findChild<QPushButton *>(QStringLiteral("buttonExit"));
+        QTRY_VERIFY_WITH_TIMEOUT(edit->toPlainText().count(QLatin1Char('\n')) >= 2, 5000);
+        QCOMPARE(update->isEnabled(), updaterReply != None || log.endsWith(" kB)"));
+        if (updaterReply != None) {
+            update->click();
+            QVERIFY(!update->isEnabled() && !exit->isEnabled());
+            QTRY_VERIFY_WITH_TIMEOUT(exit->isEnabled() || dialog.result() == QDialog::Accepted, 5000);
+        }
+        QCOMPARE(edit->toPlainText(),
+                 QStringLiteral("Existing Quorvanta Version: 1.8.100\nLooking for new version ...\n") +
+                     QString::fromUtf8(log).replace(QLatin1String("%1"), base.toString()));
+        QStringList shown;
+        for (const qv::MessageRecord &m : messages.messages)
+            shown << m.title + QLatin1String(": ") + m.text;
+        QCOMPARE(shown.join(QLatin1Char('\n')), QString::fromUtf8(message));
+        QCOMPARE(server.requests,
+                 (QSet<QByteArray>{"GET " + kVersion, "GET " + (updaterReply < 0 ? kVersion : kUpdater)}));
+        QVERIFY(other.requests.isEmpty());
+        // Nothing but a complete updater is ever left in the folder.
+        const bool saved = dialog.result() == QDialog::Accepted;
+        QCOMPARE(saved, log.endsWith("successful..."));
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files).join(QLatin1Char(' ')),
+                 QString::fromLatin1(saved              ? "QuorvantaUpdate.exe"
+                                     : folder == "file" ? "file"
+                                                        : ""));
+        QCOMPARE(qvtest::readFile(dialog.m_updaterFile()), saved ? updater : QByteArray());
+        QCOMPARE(QFileInfo(dialog.m_updaterFile()).isExecutable(), saved);
+        QCOMPARE(exit->isEnabled(), !saved);
+    }
+
+    // The window closes for the updater only when the saved file can run.
+    void startAfterExit()
+    {
+        for (const bool executable : {false, true}) {
+            const auto window = qvtest::makeWindow();
+            window->show();
+            const QString file = window->m_settingsDir() + QStringLiteral("/QuorvantaUpdate.exe");
+            QCOMPARE(qv::g_programAfterExit(qv::kStartUpdater, {}, window->m_settingsDir()), file);
+            qvtest::ScriptedDialogs dialogs;
+            dialogs.onExec = [&](QDialog &) {
+                QDir().mkpath(window->m_settingsDir());
+                qvtest::writeFile(file, "#!/bin/sh\n");
+                QFile::setPermissions(file, executable ? QFile::ReadOwner | QFile::ExeOwner : QFile::ReadOwner);
+                return int(QDialog::Accepted);
+            };
+            window->s_update();
+            QCOMPARE(appVal, executable ? qv::kStartUpdater : 0);
+            QCOMPARE(window->isVisible(), !executable);
+            QCOMPARE(dialogs.messages.size(), executable ? 0 : 1);
+        }
+    }
+};
+
+QTEST_MAIN(TestUpdate)
+#include "tst_update.moc"
