@@ -184,12 +184,10 @@ void TestApp::rules_data()
     QTest::newRow("argv: one, backslashes") << "C:\\Daten\\a.qvj" << "open C:/Daten/a.qvj";
     QTest::newRow("argv: Latin-1") << QStringLiteral("/d/K\u00e4lte.qvj") << QStringLiteral("open /d/K\u00e4lte.qvj");
     QTest::newRow("argv: two are ignored") << "/a.qvj|/b.qvj" << "";
-    QTest::newRow("argv: none") << "" << "";
     QTest::newRow("argv: a controller CSV is imported") << "$SRC/resources/samples/ventimar-lager.csv" << "import $SRC/resources/samples/ventimar-lager.csv";
     QTest::newRow("argv: a vaporix-VIS CSV is imported") << "$SRC/tests/data/vis/four-states.csv" << "import $SRC/tests/data/vis/four-states.csv";
     QTest::newRow("argv: a log, any case, is imported") << "D:\\SV_SA_01.LOG" << "import D:/SV_SA_01.LOG";
     QTest::newRow("argv: any other name opens as a project") << "/d/a.qvx" << "open /d/a.qvx";
-    QTest::newRow("argv: two sampling files are ignored") << "/a.csv|/b.csv" << "";
     QTest::newRow("drop: a project opens") << "project||" << "accepted 2 sets";
     QTest::newRow("drop: a controller CSV, siblings Yes") << "resources/samples/vaporix-keller_TS01.csv|Yes|" << "accepted asked 12 sets states modified";
     QTest::newRow("drop: a controller CSV, siblings No") << "resources/samples/vaporix-keller_TS01.csv|No|" << "accepted asked 12 sets modified";
