@@ -4,6 +4,7 @@
 #include "chart/chartplan.h"
 #include "chart/reduction.h"
 #include "chart/stateband.h"
+#include "chart/statebanditem.h"
 #include "chart/statistics.h"
 #include "project/fixedstring.h"
 
@@ -201,8 +202,11 @@ ChartBuild g_buildChart(ChartModel &model, int viewWidth, bool forPrint)
     style.forPrint = forPrint;
     g_addTimeAxis(chart, timeSeries, style);
     g_addValueAxes(chart, s, shownSets, build.dataSeries, style);
-    if (!bandAreas.isEmpty())
+    if (!bandAreas.isEmpty()) {
         g_addBandAxis(chart, bandAreas, style);
+        new StateBandItem(chart,
+                          {qobject_cast<QAreaSeries *>(bandAreas[0]), qobject_cast<QAreaSeries *>(bandAreas[1])});
+    }
     g_applyTimeWindow(chart, s.viewBegin, s.viewEnd);
     Qt::Alignment side;
     if (g_legendAlignment(s.legendPosition, side))

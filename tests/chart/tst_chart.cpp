@@ -7,6 +7,7 @@
 #include "chart/chartplan.h"
 #include "chart/pagelayout.h"
 #include "chart/reduction.h"
+#include "chart/stateband.h"
 #include "chart/statistics.h"
 #include "chart/tooltipclass.h"
 #include "chart/zoomwindow.h"
@@ -393,6 +394,16 @@ QString interactionRun(const QString &script)
                 out << label->text().section(QLatin1String("<center>"), 0, 0);
                 continue;
             }
+        } else if (f[0] == QLatin1String("band")) {  // the band colour under x, wherever no line is
+            const QImage shot = w.chart.viewport()->grab().toImage();
+            QString colour = QStringLiteral("none");
+            for (int k = 1; k < 10; ++k) {
+                const QRgb rgb = shot.pixel(int(at.x()), int(area.top() + k * area.height() / 10)) | 0xFF000000u;
+                if (rgb == kRedBandColor || rgb == kGreenBandColor)
+                    colour = QLatin1String(rgb == kRedBandColor ? "red" : "green");
+            }
+            out << colour;
+            continue;
         } else if (f[0] == QLatin1String("key")) {
             QKeyEvent key(QEvent::KeyPress, QKeySequence::fromString(f[1])[0], Qt::NoModifier, f[1]);
             QApplication::sendEvent(&w.chart, &key);
@@ -653,6 +664,7 @@ void TestChart::interaction_data()
     QTest::newRow("drag stops at the edges, back at once") << "in 0.5, in 0.5, press 0.5, drag 0.52, drag 0.9, drag 0.5, drag 0.48, drag 0.1" << "< < = L = R R =";
     QTest::newRow("keys zoom, pan and show the range") << "key +, key +, key Left, key Right, key Right, key -, key Home" << "< < L R R > W";
     QTest::newRow("state label in vaporix mode") << "vaporix 0, hover 0.5, hover 0, hover 0.1" << QString::fromUtf8("W State: System running  State: Conditions OK");
+    QTest::newRow("state bands follow the zoom") << "vaporix 0, band 0.2, band 0.3, in 0.9, in 0.9, in 0.9, in 0.9, in 0.9, in 0.9, in 0.9, in 0.9, band 0.05" << "W red green < < < < < < < < green";
     QTest::newRow("callout: value, missing, leaving") << "callout 1 10 19.456 1, callout 1 500 M 1, callout 0 10 3 1, callout 0 10 3 0" << QString::fromUtf8("19.46 °C No Data °C 3.00 u0 hidden");
     // clang-format on
 }
