@@ -107,33 +107,37 @@ int main(int argc, char *argv[])
     std::printf("maximum project: 16 shown data sets x %d samples, 6 value axes, state bands, view %dx%d\n",
                 qv::kMaxSamples, widget->width(), widget->height());
 
-    const int group = qv::g_groupSize(model.settings.rangeSampleCount, false, model.settings.lineType);
-    report("reduction of 16 data sets (core only)", [&] {
-        for (int i = 0; i < 16; ++i)
-            qv::g_reduceSamples(*model.data(i), *model.modeCodes(), model.settings.rangeBegin, model.settings.rangeEnd,
-                                group, *model.displayData(), *model.displayModeCodes());
-    });
-    report("rebuild (m_displayChart)", [&] { widget->m_displayChart(widget.get(), false); });
-    report("rebuild + release of the previous chart", [&] {
-        widget->m_displayChart(widget.get(), false);
-        releaseDeferred();
-    });
-    report("paint of the built chart (grab)", [&] { widget->grab(); });
-    report("toggle one row off and on (2 rebuilds)", [&] {
-        box(7)->click();
-        releaseDeferred();
-        box(7)->click();
-        releaseDeferred();
-    });
-    report("legend statistics (m_setMinMaxAvg)",
-           [&] { widget->m_setMinMaxAvg(widget->chart(), model.settings.rangeBegin, model.settings.rangeEnd); });
-    model.settings.lineType = 2;
-    report("rebuild, spline chart", [&] {
-        widget->m_displayChart(widget.get(), false);
-        releaseDeferred();
-    });
-    report("paint, spline chart", [&] { widget->grab(); });
-    model.settings.lineType = 1;
+    // QV_BENCH_GESTURES=1 measures the gestures only (for a profiler).
+    const bool gesturesOnly = qEnvironmentVariableIntValue("QV_BENCH_GESTURES") == 1;
+    if (!gesturesOnly) {
+        const int group = qv::g_groupSize(model.settings.rangeSampleCount, false, model.settings.lineType);
+        report("reduction of 16 data sets (core only)", [&] {
+            for (int i = 0; i < 16; ++i)
+                qv::g_reduceSamples(*model.data(i), *model.modeCodes(), model.settings.rangeBegin,
+                                    model.settings.rangeEnd, group, *model.displayData(), *model.displayModeCodes());
+        });
+        report("rebuild (m_displayChart)", [&] { widget->m_displayChart(widget.get(), false); });
+        report("rebuild + release of the previous chart", [&] {
+            widget->m_displayChart(widget.get(), false);
+            releaseDeferred();
+        });
+        report("paint of the built chart (grab)", [&] { widget->grab(); });
+        report("toggle one row off and on (2 rebuilds)", [&] {
+            box(7)->click();
+            releaseDeferred();
+            box(7)->click();
+            releaseDeferred();
+        });
+        report("legend statistics (m_setMinMaxAvg)",
+               [&] { widget->m_setMinMaxAvg(widget->chart(), model.settings.rangeBegin, model.settings.rangeEnd); });
+        model.settings.lineType = 2;
+        report("rebuild, spline chart", [&] {
+            widget->m_displayChart(widget.get(), false);
+            releaseDeferred();
+        });
+        report("paint, spline chart", [&] { widget->grab(); });
+        model.settings.lineType = 1;
+    }
 
     // The living chart, shown: real wheel and mouse events on the viewport,
     // then what the event loop does with them (layout of the chart, the
