@@ -5,6 +5,7 @@
 #include "app/shellfixture.h"
 #include "support/testsupport.h"
 #include "update/qvupdateclass.h"
+#include "update/updaterules.h"
 #include "update/webupdateclass.h"
 
 #include <QPushButton>
@@ -134,14 +135,12 @@ private slots:
         row("13 bytes", Ok, newer + 'x', None, {}, "Error: Invalid version file (13 bytes)");
         row("4 KiB", Ok, newer.repeated(342), None, {}, "Error: Invalid version file (4104 bytes)");
         row("version closed", Close, {}, None, {}, "Error: Connection closed");
-        row("version breaks off", BreakOff, newer, None, {}, "Error: Connection closed");
         row("version 404", NotFound, newer, None, {},
             "Error: Error transferring %1/quorvanta/version.upd - server replied: Not Found");
         row("version timeout", Hang, newer, None, {}, "Error: " + late);
         row("version redirected", Elsewhere, newer, None, {}, "Error: Insecure redirect");
         row("updater 404", Ok, newer, NotFound, {},
             error + "Error transferring %1/quorvanta/QuorvantaUpdate.exe - server replied: Not Found");
-        row("updater closed", Ok, newer, Close, {}, error + "Connection closed");
         row("updater breaks off", Ok, newer, BreakOff, {}, error + "Connection closed");
         row("updater timeout", Ok, newer, Hang, {}, error + late);
         row("updater over 64 MiB", Ok, newer, Huge, {}, error + "The update is larger than 64 MiB.");
@@ -201,6 +200,43 @@ private slots:
         QCOMPARE(qvtest::readFile(dialog.m_updaterFile()), saved ? updater : QByteArray());
         QCOMPARE(QFileInfo(dialog.m_updaterFile()).isExecutable(), saved);
         QCOMPARE(exit->isEnabled(), !saved);
+    }
+
+    void serverAddress_data()
+    {
+        QTest::addColumn<QString>("setting");
+        QTest::addColumn<QString>("environment");
+        QTest::addColumn<QString>("version");  // the version file's address, "" for none
+        QTest::newRow("our own") << ""
+                                 << " "
+                                 << "https://update.quorvanta.example/quorvanta/version.upd";
+        QTest::newRow("setting") << "http://10.0.0.1:8080/"
+                                 << ""
+                                 << "http://10.0.0.1:8080/quorvanta/version.upd";
+        QTest::newRow("environment first") << "https://a.example"
+                                           << "https://b.example/m//"
+                                           << "https://b.example/m/quorvanta/version.upd";
+        QTest::newRow("file refused") << "file:///tmp"
+                                      << ""
+                                      << "";
+        QTest::newRow("ftp refused") << ""
+                                     << "ftp://b.example"
+                                     << "";
+        QTest::newRow("no host") << "https:///x"
+                                 << ""
+                                 << "";
+        QTest::newRow("user refused") << "https://me:pw@a.example"
+                                      << ""
+                                      << "";
+    }
+
+    void serverAddress()
+    {
+        QFETCH(QString, setting);
+        QFETCH(QString, environment);
+        QFETCH(QString, version);
+        QCOMPARE(qv::g_updateResource(qv::g_updateServer(setting, environment), qv::kVersionFilePath).toString(),
+                 version);
     }
 
     // The window closes for the updater only when the saved file can run.
