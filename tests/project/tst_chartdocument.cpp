@@ -16,15 +16,12 @@
 #include <QLabel>
 #include <QtTest>
 
-#include <algorithm>
 #include <cstring>
 
 namespace {
 
 // Opens the shared import routine to the tests.
-class ImportingChart : public QVChartClass
-{
-public:
+struct ImportingChart : QVChartClass {
     using QVChartClass::m_runImport;
     using QVChartClass::QVChartClass;
 };
@@ -72,204 +69,182 @@ class TestChartDocument : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase() { qvtest::prepareShell(scratch); }
-    void init();
-    void cleanup();
-    void save_data();
-    void save();
-    void importRoutine_data();
-    void importRoutine();
-    void exportCsv_data();
-    void exportCsv();
-
-private:
     QTemporaryDir scratch;
     std::unique_ptr<QWidget> window;
     std::unique_ptr<ImportingChart> chart;
     QStringList changes;  // "file|dir" per m_projectFileChanged
-};
 
-void TestChartDocument::init()
-{
-    window = std::make_unique<QWidget>();
-    QString projectDir = QStringLiteral("/start"), importDir = QStringLiteral("/imports");
-    chart = std::make_unique<ImportingChart>(window.get(), &projectDir, &importDir, new QGridLayout(window.get()));
-    connect(chart.get(), &QVChartClass::m_projectFileChanged, this,
-            [this](QString *file, QString *dir) { changes << *file + QLatin1Char('|') + *dir; });
-    changes.clear();
-}
+private slots:
+    void initTestCase() { qvtest::prepareShell(scratch); }
 
-// No progress dialog or busy cursor outlives an action.
-void TestChartDocument::cleanup()
-{
-    qvtest::flushDeletions();
-    QVERIFY(progressTexts(window.get()).isEmpty());
-    QVERIFY(!QApplication::overrideCursor());
-    chart.reset();
-    window.reset();
-}
-
-void TestChartDocument::save_data()
-{
-    // clang-format off
-    QTest::addColumn<QString>("opened");   // project opened first ("" = a new project)
-    QTest::addColumn<QString>("answers");  // file dialog answers, space-separated
-    QTest::addColumn<bool>("saveAs");
-    // result, dialogs shown and the folder of the first, the project file,
-    // the file|folder changes told (# = the test folder), messages ("3" a
-    // critical box), the projects there (backups are the save-situation
-    // table's concern), and the dialogs shown after a second plain Save.
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("in place") << "a.qvj" << "" << false << "1 asked 0 | #/a.qvj | #/a.qvj|# |  | a.qvj | again 0";
-    QTest::newRow("new project asks") << "" << "new.qvj" << false << "1 asked 1 in /start | #/new.qvj | #/new.qvj|# |  | new.qvj | again 1";
-    QTest::newRow("new project, cancelled") << "" << "" << false << "1 asked 1 in /start |  |  |  |  | again 2";
-    QTest::newRow("upper-case extension asks") << "run.QVJ" << "run2.qvj" << false << "1 asked 1 in # | #/run2.qvj | #/run2.qvj|# |  | run.QVJ run2.qvj | again 1";
-    QTest::newRow("save as") << "a.qvj" << "b.qvj" << true << "1 asked 1 in # | #/b.qvj | #/b.qvj|# |  | a.qvj b.qvj | again 1";
-    QTest::newRow("save as, cancelled") << "a.qvj" << "" << true << "0 asked 1 in # | #/a.qvj |  |  | a.qvj | again 1";
-    QTest::newRow("save as without .qvj asks again, saves as typed") << "" << "plain plain" << true << "1 asked 2 in /start | #/plain | #/plain|# |  | plain | again 3";
-    QTest::newRow("failure keeps the name, tries it again without asking") << "" << "missing/x.qvj" << false << "0 asked 1 in /start | #/missing/x.qvj |  | 3 Quorvanta Error|Error while writing file! |  | again 1";
-    // clang-format on
-}
-
-void TestChartDocument::save()
-{
-    QFETCH(QString, opened);
-    QFETCH(QString, answers);
-    QFETCH(bool, saveAs);
-    QFETCH(QString, expected);
-    QTemporaryDir dir;
-    qvtest::ScriptedDialogs dialogs;
-    if (!opened.isEmpty()) {
-        QString file = dir.filePath(opened);
-        QVERIFY(qvtest::writeProject(file, 2) && chart->m_openProject(&file));
-        qvtest::flushDeletions();
+    void init()
+    {
+        window = std::make_unique<QWidget>();
+        QString projectDir = QStringLiteral("/start"), importDir = QStringLiteral("/imports");
+        chart = std::make_unique<ImportingChart>(window.get(), &projectDir, &importDir, new QGridLayout(window.get()));
+        connect(chart.get(), &QVChartClass::m_projectFileChanged, this,
+                [this](QString *file, QString *dir) { changes << *file + QLatin1Char('|') + *dir; });
         changes.clear();
     }
-    for (const QString &answer : answers.split(QLatin1Char(' '), Qt::SkipEmptyParts))
-        dialogs.fileNames << dir.filePath(answer);
-    const bool result = saveAs ? chart->s_saveProjectAs() : chart->s_saveProject();
-    QString found = QStringLiteral("%1 asked %2").arg(result).arg(dialogs.fileDialogs.size());
-    if (!dialogs.fileDialogs.isEmpty())
-        found += QStringLiteral(" in ") + dialogs.fileDialogs.first().directory;
-    found += QStringLiteral(" | %1 | %2 | %3 | ")
-                 .arg(chart->m_getProjectFile(), changes.join(QLatin1Char(',')), messages(dialogs)) +
-             QDir(dir.path())
-                 .entryList({QStringLiteral("*.qvj"), QStringLiteral("*.QVJ"), QStringLiteral("plain")}, QDir::Files)
-                 .join(QLatin1Char(' '));
-    chart->s_saveProject();
-    found += QStringLiteral(" | again %1").arg(dialogs.fileDialogs.size());
-    QCOMPARE(found.replace(dir.path(), QStringLiteral("#")), expected);
-}
 
-void TestChartDocument::importRoutine_data()
-{
-    // clang-format off
-    QTest::addColumn<QString>("file");     // "" cancels the file dialog
-    QTest::addColumn<QString>("failure");  // "" reads the file
-    QTest::addColumn<int>("kind");         // of the failure
-    // result, the file dialog, messages (0 question, 2 warning, 3 critical),
-    // the progress shown at the question, the import folder, the rows
-    // (+ ticked) and the mode box afterwards.
-    QTest::addColumn<QString>("expected");
+    // No progress dialog or busy cursor outlives an action.
+    void cleanup()
+    {
+        qvtest::flushDeletions();
+        QVERIFY(progressTexts(window.get()).isEmpty());
+        QVERIFY(!QApplication::overrideCursor());
+        chart.reset();
+        window.reset();
+    }
+
+    void save_data()
+    {
+        // clang-format off
+        QTest::addColumn<QString>("opened");   // project opened first ("" = a new project)
+        QTest::addColumn<QString>("answers");  // file dialog answers, space-separated
+        QTest::addColumn<bool>("saveAs");
+        // result, dialogs shown and the folder of the first, the project file,
+        // the file|folder changes told (# = the test folder), messages ("3" a
+        // critical box), the projects there (backups are the save-situation
+        // table's concern), and the dialogs shown after a second plain Save.
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("in place") << "a.qvj" << "" << false << "1 asked 0 | #/a.qvj | #/a.qvj|# |  | a.qvj | again 0";
+        QTest::newRow("new project asks") << "" << "new.qvj" << false << "1 asked 1 in /start | #/new.qvj | #/new.qvj|# |  | new.qvj | again 1";
+        QTest::newRow("new project, cancelled") << "" << "" << false << "1 asked 1 in /start |  |  |  |  | again 2";
+        QTest::newRow("upper-case extension asks") << "run.QVJ" << "run2.qvj" << false << "1 asked 1 in # | #/run2.qvj | #/run2.qvj|# |  | run.QVJ run2.qvj | again 1";
+        QTest::newRow("save as") << "a.qvj" << "b.qvj" << true << "1 asked 1 in # | #/b.qvj | #/b.qvj|# |  | a.qvj b.qvj | again 1";
+        QTest::newRow("save as, cancelled") << "a.qvj" << "" << true << "0 asked 1 in # | #/a.qvj |  |  | a.qvj | again 1";
+        QTest::newRow("save as without .qvj asks again, saves as typed") << "" << "plain plain" << true << "1 asked 2 in /start | #/plain | #/plain|# |  | plain | again 3";
+        QTest::newRow("failure keeps the name, tries it again without asking") << "" << "missing/x.qvj" << false << "0 asked 1 in /start | #/missing/x.qvj |  | 3 Quorvanta Error|Error while writing file! |  | again 1";
+        // clang-format on
+    }
+
+    void save()
+    {
+        QFETCH(QString, opened);
+        QFETCH(QString, answers);
+        QFETCH(bool, saveAs);
+        QFETCH(QString, expected);
+        QTemporaryDir dir;
+        qvtest::ScriptedDialogs dialogs;
+        if (!opened.isEmpty()) {
+            QString file = dir.filePath(opened);
+            QVERIFY(qvtest::writeProject(file, 2) && chart->m_openProject(&file));
+            qvtest::flushDeletions();
+            changes.clear();
+        }
+        for (const QString &answer : answers.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+            dialogs.fileNames << dir.filePath(answer);
+        const bool result = saveAs ? chart->s_saveProjectAs() : chart->s_saveProject();
+        QString found = QStringLiteral("%1 asked %2").arg(result).arg(dialogs.fileDialogs.size());
+        if (!dialogs.fileDialogs.isEmpty())
+            found += QStringLiteral(" in ") + dialogs.fileDialogs.first().directory;
+        found +=
+            QStringLiteral(" | %1 | %2 | %3 | ")
+                .arg(chart->m_getProjectFile(), changes.join(QLatin1Char(',')), messages(dialogs)) +
+            QDir(dir.path())
+                .entryList({QStringLiteral("*.qvj"), QStringLiteral("*.QVJ"), QStringLiteral("plain")}, QDir::Files)
+                .join(QLatin1Char(' '));
+        chart->s_saveProject();
+        found += QStringLiteral(" | again %1").arg(dialogs.fileDialogs.size());
+        QCOMPARE(found.replace(dir.path(), QStringLiteral("#")), expected);
+    }
+
+    void importRoutine_data()
+    {
+        // clang-format off
+        QTest::addColumn<QString>("file");  // "" cancels the file dialog
+        QTest::addColumn<int>("failure");   // the reader's, -1: none
+        // result, the file dialog, messages (0 question, 2 warning, 3 critical),
+        // the progress shown at the question, the import folder, the rows
+        // (+ ticked) and the mode box afterwards.
+        QTest::addColumn<QString>("expected");
 #define DIALOG "Open Test Sampling|Test Sampling (*.tst)|/imports | "
-    QTest::newRow("file dialog cancelled") << "" << "" << 0 << "0 " DIALOG " |  | /imports | | -";
-    QTest::newRow("imported") << "/data/cellar/run.tst" << "" << 0
-                              << "1 " DIALOG "0 Quorvanta|Load the state file too?, 2 Quorvanta Error|Line 3 of "
-                                 "/data/cellar/run.tst was skipped. | Importing Sampling Data.../Test Data | /data/cellar"
-                                 " | Set 0+ Set 1- Set 2+ | mode+";
-    QTest::newRow("file cannot be read") << "/data/x.tst" << "Error reading file!" << int(qv::FileError::CannotOpen)
-                                         << "0 " DIALOG "3 Quorvanta Error|Error reading file! |  | /imports | | -";
-    QTest::newRow("bad contents") << "/data/x.tst" << "Error in CSV line 2 !" << int(qv::FileError::BadContents)
-                                  << "0 " DIALOG "2 Quorvanta Error|Error in CSV line 2 ! |  | /imports | | -";
-    QTest::newRow("sibling files") << "/data/x.tst" << "Error while loading additional vaporix files!"
-                                   << int(qv::FileError::SiblingFiles)
-                                   << "0 " DIALOG "2 Quorvanta Error|Error while loading additional vaporix files! |  | /imports | | -";
-    // clang-format on
-}
-
-// The routine asks for the file, runs the reader under a progress dialog,
-// shows its questions and warnings and then the rows; a failure shows its
-// box and keeps the chart and the import folder. An import is bound to no file.
-void TestChartDocument::importRoutine()
-{
-    QFETCH(QString, file);
-    QFETCH(QString, failure);
-    QFETCH(int, kind);
-    QFETCH(QString, expected);
-    qvtest::ScriptedDialogs dialogs;
-    QString progressAtMessage;  // shown while the reader asks
-    dialogs.onMessage = [&](const qv::MessageRecord &m) {
-        if (m.kind == qv::MessageKind::Question)
-            progressAtMessage = progressTexts(window.get()).join(QLatin1Char(' '));
-    };
-    dialogs.fileNames << file;
-    dialogs.answers << QMessageBox::Yes;
-    const QByteArray text = failure.toLatin1();
-    ::failure = failure.isEmpty() ? qv::FileResult() : qv::FileResult::failure(text.constData(), qv::FileError(kind));
-    QString found = QString::number(chart->m_runImport(kFakeKind));
-    ::failure = qv::FileResult();
-    for (const qv::FileDialogRecord &d : dialogs.fileDialogs)
-        found += QStringLiteral(" %1|%2|%3").arg(d.caption, d.filter, d.directory);
-    found += QStringLiteral(" | %1 | %2 | %3 | ").arg(messages(dialogs), progressAtMessage, chart->m_getImportDir());
-    for (int i = 0; i < 16; ++i) {
-        auto *box = window->findChild<QCheckBox *>(QStringLiteral("enableBox%1").arg(i));
-        if (box->isEnabled())
-            found += box->text() + QLatin1String(box->isChecked() ? "+ " : "- ");
+        QTest::newRow("file dialog cancelled") << "" << -1 << "0 " DIALOG " |  | /imports | | -";
+        QTest::newRow("imported") << "/data/cellar/run.tst" << -1 << "1 " DIALOG "0 Quorvanta|Load the state file too?, 2 Quorvanta Error|Line 3 of /data/cellar/run.tst was skipped. | Importing Sampling Data.../Test Data | /data/cellar | Set 0+ Set 1- Set 2+ | mode+";
+        QTest::newRow("file cannot be read") << "/data/x.tst" << int(qv::FileError::CannotOpen) << "0 " DIALOG "3 Quorvanta Error|Reader failed. |  | /imports | | -";
+        QTest::newRow("bad contents") << "/data/x.tst" << int(qv::FileError::BadContents) << "0 " DIALOG "2 Quorvanta Error|Reader failed. |  | /imports | | -";
+        QTest::newRow("sibling files: the same text for all") << "/data/x.tst" << int(qv::FileError::SiblingFiles) << "0 " DIALOG "2 Quorvanta Error|Error while loading additional vaporix files! |  | /imports | | -";
+        // clang-format on
     }
-    auto *modeBox = window->findChild<QCheckBox *>(QStringLiteral("modeBox"));
-    found += QLatin1String(modeBox->isHidden() ? "| -" : modeBox->isChecked() ? "| mode+" : "| mode-");
-    found += QLatin1String(chart->m_getProjectFile().isEmpty() && changes.isEmpty() ? "" : " bound");
-    QCOMPARE(found, expected);
-}
 
-void TestChartDocument::exportCsv_data()
-{
-    // clang-format off
-    QTest::addColumn<QString>("zoom");  // "": not zoomed; else zoomed on samples 5..9 of 0..19, and the answer
-    QTest::addColumn<QString>("file");  // "" cancels the file dialog
-    // questions asked, the file dialog's proposal, other messages, the
-    // header (shown sets only) and the number of rows written.
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("not zoomed: no question, the selected range") << "" << "t.csv" << "0 #/a.csv |  | Date/Time;Set 0;Set 2;State 20";
-    QTest::newRow("zoomed, Yes: the zoom window") << "Yes" << "t.csv" << "1 #/a.csv |  | Date/Time;Set 0;Set 2;State 5";
-    QTest::newRow("zoomed, No: the selected range") << "No" << "t.csv" << "1 #/a.csv |  | Date/Time;Set 0;Set 2;State 20";
-    QTest::newRow("cancelled: nothing written") << "" << "" << "0 #/a.csv |  |  0";
-    QTest::newRow("write error") << "" << "no/t.csv" << "0 #/a.csv | 3 Quorvanta Error|Error while writing file! |  0";
-    // clang-format on
-}
-
-// Export Data (CSV): the shown data sets over the selected range, or over
-// the zoom window when the user answers Yes.
-void TestChartDocument::exportCsv()
-{
-    QFETCH(QString, zoom);
-    QFETCH(QString, file);
-    QFETCH(QString, expected);
-    QTemporaryDir dir;
-    QString project = dir.filePath(QStringLiteral("a.qvj"));
-    QVERIFY(qvtest::writeProject(project, 3, true) && chart->m_openProject(&project));
-    if (!zoom.isEmpty()) {
-        chart->model().settings.viewBegin = chart->model().data(0)->time[5];
-        chart->model().settings.viewEnd = chart->model().data(0)->time[9];
+    // The routine asks for the file, runs the reader under a progress dialog,
+    // shows its questions and warnings and then the rows; a failure shows its
+    // box and keeps the chart and the import folder. An import is bound to no file.
+    void importRoutine()
+    {
+        QFETCH(QString, file);
+        QFETCH(int, failure);
+        QFETCH(QString, expected);
+        qvtest::ScriptedDialogs dialogs;
+        QString progressAtMessage;  // shown while the reader asks
+        dialogs.onMessage = [&](const qv::MessageRecord &m) {
+            if (m.kind == qv::MessageKind::Question)
+                progressAtMessage = progressTexts(window.get()).join(QLatin1Char(' '));
+        };
+        dialogs.fileNames << file;
+        dialogs.answers << QMessageBox::Yes;
+        ::failure = failure < 0 ? qv::FileResult() : qv::FileResult::failure("Reader failed.", qv::FileError(failure));
+        QString found = QString::number(chart->m_runImport(kFakeKind));
+        ::failure = qv::FileResult();
+        for (const qv::FileDialogRecord &d : dialogs.fileDialogs)
+            found += QStringLiteral(" %1|%2|%3").arg(d.caption, d.filter, d.directory);
+        found +=
+            QStringLiteral(" | %1 | %2 | %3 | ").arg(messages(dialogs), progressAtMessage, chart->m_getImportDir());
+        for (int i = 0; i < 16; ++i) {
+            auto *box = window->findChild<QCheckBox *>(QStringLiteral("enableBox%1").arg(i));
+            if (box->isEnabled())
+                found += box->text() + QLatin1String(box->isChecked() ? "+ " : "- ");
+        }
+        auto *modeBox = window->findChild<QCheckBox *>(QStringLiteral("modeBox"));
+        found += QLatin1String(modeBox->isHidden() ? "| -" : modeBox->isChecked() ? "| mode+" : "| mode-");
+        found += QLatin1String(chart->m_getProjectFile().isEmpty() && changes.isEmpty() ? "" : " bound");
+        QCOMPARE(found, expected);
     }
-    qvtest::ScriptedDialogs dialogs;
-    dialogs.answers << (zoom == QLatin1String("Yes") ? QMessageBox::Yes : QMessageBox::No);
-    dialogs.fileNames << (file.isEmpty() ? file : dir.filePath(file));
-    chart->s_exportCSV();
-    const int shown = dialogs.messages.size();
-    dialogs.messages.erase(
-        std::remove_if(dialogs.messages.begin(), dialogs.messages.end(),
-                       [](const qv::MessageRecord &m) { return m.kind == qv::MessageKind::Question; }),
-        dialogs.messages.end());
-    const QList<QByteArray> lines = qvtest::readFile(dir.filePath(file)).split('\n');
-    QString found =
-        QStringLiteral("%1 %2 | %3 | %4 %5")
-            .arg(shown - dialogs.messages.size())
-            .arg(dialogs.fileDialogs.value(0).directory, messages(dialogs), QString::fromUtf8(lines.first().trimmed()))
-            .arg(qMax(0, lines.size() - 2));
-    QCOMPARE(found.replace(dir.path(), QStringLiteral("#")), expected);
-}
+
+    void exportCsv_data()
+    {
+        // clang-format off
+        QTest::addColumn<QString>("zoom");  // "": not zoomed; else zoomed on samples 5..9 of 0..19, and the answer
+        QTest::addColumn<QString>("file");  // "" cancels the file dialog
+        // the file dialog's proposal, the messages, the header (shown sets
+        // only) and the number of rows written.
+        QTest::addColumn<QString>("expected");
+#define ZOOMED "0 Export Data (CSV)|The chart is zoomed in. Export only the samples it shows? No exports the whole selected range."
+        QTest::newRow("not zoomed: no question, the selected range") << "" << "t.csv" << "#/a.csv |  | Date/Time;Set 0;Set 2;State 20";
+        QTest::newRow("zoomed, Yes: the zoom window") << "Yes" << "t.csv" << "#/a.csv | " ZOOMED " | Date/Time;Set 0;Set 2;State 5";
+        QTest::newRow("zoomed, No: the selected range") << "No" << "t.csv" << "#/a.csv | " ZOOMED " | Date/Time;Set 0;Set 2;State 20";
+        QTest::newRow("cancelled: nothing written") << "" << "" << "#/a.csv |  |  0";
+        QTest::newRow("write error") << "" << "no/t.csv" << "#/a.csv | 3 Quorvanta Error|Error while writing file! |  0";
+        // clang-format on
+    }
+
+    // Export Data (CSV): the shown data sets over the selected range, or over
+    // the zoom window when the user answers Yes.
+    void exportCsv()
+    {
+        QFETCH(QString, zoom);
+        QFETCH(QString, file);
+        QFETCH(QString, expected);
+        QTemporaryDir dir;
+        QString project = dir.filePath(QStringLiteral("a.qvj"));
+        QVERIFY(qvtest::writeProject(project, 3, true) && chart->m_openProject(&project));
+        if (!zoom.isEmpty()) {
+            chart->model().settings.viewBegin = chart->model().data(0)->time[5];
+            chart->model().settings.viewEnd = chart->model().data(0)->time[9];
+        }
+        qvtest::ScriptedDialogs dialogs;
+        dialogs.answers << (zoom == QLatin1String("Yes") ? QMessageBox::Yes : QMessageBox::No);
+        dialogs.fileNames << (file.isEmpty() ? file : dir.filePath(file));
+        chart->s_exportCSV();
+        const QList<QByteArray> lines = qvtest::readFile(dir.filePath(file)).split('\n');
+        QString found = QStringLiteral("%1 | %2 | %3 %4")
+                            .arg(dialogs.fileDialogs.value(0).directory, messages(dialogs),
+                                 QString::fromUtf8(lines.first().trimmed()))
+                            .arg(qMax(0, lines.size() - 2));
+        QCOMPARE(found.replace(dir.path(), QStringLiteral("#")), expected);
+    }
+};
 
 QTEST_MAIN(TestChartDocument)
 #include "tst_chartdocument.moc"
