@@ -30,9 +30,7 @@ const qint64 kStart = 1700000000000, kMinute = 60000;
 template <class W> W *child(QObject &parent, const QString &name)
 {
     W *w = parent.findChild<W *>(name);
-    if (!w)
-        qFatal("no widget %s", qPrintable(name));
-    return w;
+    return w ? w : (qFatal("no widget %s", qPrintable(name)), w);
 }
 
 QString minutes(qint64 a, qint64 b)
@@ -61,7 +59,7 @@ QString run(const QString &script)
     words = words.mid(0, words.indexOf(QStringLiteral("=>")));
     auto model = qvtest::makeModel(8, false);
     settingsT &r = model->settings;
-    QStringList later;  // Z and R go to the open chart: loading resets them
+    const bool zoom = words.contains(QStringLiteral("Z")), range = words.contains(QStringLiteral("R"));
     while (!words.isEmpty() && QStringLiteral("LFDZR").contains(words.first().at(0))) {
         const QString w = words.takeFirst();
         const int k = w.mid(1).section(QLatin1Char('='), 0, 0).toInt(), v = w.section(QLatin1Char('='), 1).toInt();
@@ -71,8 +69,6 @@ QString run(const QString &script)
             r.lineFlags[k] = quint32(v);
         else if (w.startsWith(QLatin1Char('D')))
             r.decimals[k] = quint8(v);
-        else
-            later << w;
     }
     QTemporaryDir dir;
     QString path = dir.filePath(QStringLiteral("p.qvj")), projectDir, importDir;
@@ -82,9 +78,9 @@ QString run(const QString &script)
     if (!g_saveProjectFile(*model, path, SaveOptions()).ok || !chart.m_openProject(&path))
         return QStringLiteral("cannot open");
     settingsT &live = chart.model().settings;
-    if (later.contains(QStringLiteral("Z")))
+    if (zoom)  // Z and R go to the open chart: loading resets them
         live.viewBegin = kStart + 5 * kMinute, live.viewEnd = kStart + 10 * kMinute;
-    if (later.contains(QStringLiteral("R")))
+    if (range)
         live.rangeEnd = kStart + 12 * kMinute;
 
     qvtest::ScriptedDialogs dialogs;
@@ -105,15 +101,11 @@ QString run(const QString &script)
         auto *colorButton = d.findChild<ColorButtonClass *>();
         for (const QString &w : words) {
             const QString arg = w.section(QLatin1Char(':'), 1);
-            auto check = [&](const char *name) {
-                child<QCheckBox>(d, QLatin1String(name))->setChecked(w.endsWith(QLatin1Char('1')));
-            };
             if (w.startsWith(QLatin1Char('i')))
                 child<QSpinBox>(d, QStringLiteral("spinIndex"))->setValue(w.mid(1).toInt());
-            else if (w.startsWith(QLatin1Char('e')))
-                check("checkEnabled");
-            else if (w.startsWith(QLatin1Char('a')))
-                check("checkAxis");
+            else if (w.startsWith(QLatin1Char('e')) || w.startsWith(QLatin1Char('a')))
+                child<QCheckBox>(d, QLatin1String(w.startsWith(QLatin1Char('e')) ? "checkEnabled" : "checkAxis"))
+                    ->setChecked(w.endsWith(QLatin1Char('1')));
             else if (w.startsWith(QLatin1String("min:")))
                 child<QDoubleSpinBox>(d, QStringLiteral("spinMin"))->setValue(arg.toDouble());
             else if (w.startsWith(QLatin1String("max:")))
@@ -163,15 +155,10 @@ QString run(const QString &script)
         if (c.startsWith(QLatin1String("set"))) {
             const int i = c.mid(3).toInt();
             auto *box = child<ElidedCheckBox>(panel, QStringLiteral("enableBox%1").arg(i));
-            seen += QStringLiteral(" | %1 %2 %3 f%4 d%5 %6 %7 box %8%9")
-                        .arg(i)
-                        .arg(s.axisMin[i])
-                        .arg(s.axisMax[i])
-                        .arg(s.lineFlags[i])
-                        .arg(s.decimals[i])
-                        .arg(s.color[i], 8, 16, QLatin1Char('0'))
-                        .arg(g_buffer2QString(s.name[i], kNameWidth), box->fullText(),
-                             QLatin1String(box->isChecked() ? "+" : "-"));
+            seen +=
+                QString::asprintf(" | %d %g %g f%u d%d %08x %s box %s%c", i, s.axisMin[i], s.axisMax[i], s.lineFlags[i],
+                                  s.decimals[i], s.color[i], qPrintable(g_buffer2QString(s.name[i], kNameWidth)),
+                                  qPrintable(box->fullText()), box->isChecked() ? '+' : '-');
         } else if (c == QLatin1String("range")) {
             seen += QStringLiteral(" | range %1 view %2 (%3)")
                         .arg(minutes(live.rangeBegin, live.rangeEnd), minutes(live.viewBegin, live.viewEnd))
@@ -261,16 +248,13 @@ void TestDialogs::colorWidgets_data()
 {
     QTest::addColumn<QString>("input");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("alpha 0 painted opaque") << "button 40 20 00ff0000"
-                                            << "swatch 00ff0000";
-    QTest::newRow("too small for a swatch") << "button 8 8 ff0000ff"
-                                            << "face ff0000ff";
-    QTest::newRow("left press while right held") << "draw 3"
-                                                 << "pressed";
-    QTest::newRow("left only") << "draw 1"
-                               << "pressed moved";
-    QTest::newRow("right only") << "draw 2"
-                                << "";
+    // clang-format off
+    QTest::newRow("alpha 0 painted opaque") << "button 40 20 00ff0000" << "swatch 00ff0000";
+    QTest::newRow("too small for a swatch") << "button 8 8 ff0000ff" << "face ff0000ff";
+    QTest::newRow("left press while right held") << "draw 3" << "pressed";
+    QTest::newRow("left only") << "draw 1" << "pressed moved";
+    QTest::newRow("right only") << "draw 2" << "";
+    // clang-format on
 }
 
 void TestDialogs::colorWidgets()

@@ -66,7 +66,8 @@ QByteArray number(double v)
 
 QByteArray when(qint64 ms)
 {
-    return QDateTime::fromMSecsSinceEpoch(ms).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")).toLatin1();
+    return ms == 0 ? QByteArray("0")
+                   : QDateTime::fromMSecsSinceEpoch(ms).toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")).toLatin1();
 }
 
 }  // namespace
@@ -100,14 +101,11 @@ QByteArray ImportRun::summary(const char *parts) const
         for (int k = 0; *p == 'x' && k < m.data(0)->count; ++k)
             l << (k == 0 ? when(m.data(0)->time[0])
                          : "+" + QByteArray::number((m.data(0)->time[k] - m.data(0)->time[k - 1]) / 1000));
+        const bool whole = s.rangeBegin == s.firstTime && s.viewBegin == s.firstTime && s.rangeEnd == s.lastTime &&
+                           s.viewEnd == s.lastTime;  // range and view span the recording
         if (*p == 'g')
-            out << (s.firstTime == 0 ? QByteArray("0") : when(s.firstTime)) + ".." +
-                       (s.lastTime == 0 ? QByteArray("0") : when(s.lastTime)) +
-                       " iv=" + QByteArray::number(s.sampleInterval) + " n=" + QByteArray::number(s.rangeSampleCount) +
-                       (s.rangeBegin == s.firstTime && s.viewBegin == s.firstTime && s.rangeEnd == s.lastTime &&
-                                s.viewEnd == s.lastTime
-                            ? ""
-                            : " range?");
+            out << when(s.firstTime) + ".." + when(s.lastTime) + " iv=" + QByteArray::number(s.sampleInterval) +
+                       " n=" + QByteArray::number(s.rangeSampleCount) + (whole ? "" : " range?");
         for (int k = 0; *p == 'm' && k < m.modeCodes()->count; ++k)
             l << QByteArray::number(m.modeCodes()->code[k]);
         if (*p == 'm')
@@ -115,24 +113,18 @@ QByteArray ImportRun::summary(const char *parts) const
                        (m.modeBoxChecked ? "C" : "") + " flags=" + QByteArray::number(s.flags) + " [" + l.join(' ') +
                        ']';
         const modeParametersT &b = *m.modeParameters();
-        for (int i = 0; *p == 'p' && i < 11; ++i)
-            l << number(b.parameter[i]);
+        for (int i = 0; *p == 'p' && i < 15; ++i)
+            l << (i < 11 ? number(b.parameter[i]) : QByteArray::number(b.intParameter[i - 11]));
         if (*p == 'p')
-            out << "P[" + l.join(' ') + ';' + QByteArray::number(b.intParameter[0]) + ' ' +
-                       QByteArray::number(b.intParameter[1]) + ' ' + QByteArray::number(b.intParameter[2]) + ' ' +
-                       QByteArray::number(b.intParameter[3]) + ';' + QByteArray::number(b.interval) + ']';
+            out << "P[" + l.mid(0, 11).join(' ') + ';' + l.mid(11).join(' ') + ';' + QByteArray::number(b.interval) +
+                       ']';
         if (*p == 'q')
             out << "q" + QByteArray::number(host.questions.size()) + "w" + QByteArray::number(host.warnings.size()) +
                        (host.outOfRange ? QByteArray(" progress out of range") : QByteArray());
-        if (std::strchr("savx", *p))
-            out << (*p == 's'   ? QByteArray("sets")
-                    : *p == 'a' ? QByteArray("axes")
-                                : QByteArray(1, *p)) +
-                       '[' +
-                       l.join(*p == 'v'   ? '|'
-                              : *p == 'x' ? ' '
-                                          : ',') +
-                       ']';
+        static const char *const listed = "savx";
+        static const QByteArrayList heads{"sets[", "axes[", "v[", "x["};  // separators: , , | and blank
+        if (const char *h = std::strchr(listed, *p))
+            out << heads.at(int(h - listed)) + l.join(",,| "[h - listed]) + ']';
     }
     return out.join(' ');
 }

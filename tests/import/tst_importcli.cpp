@@ -28,11 +28,11 @@ private slots:
         QTest::addColumn<QStringList>("options");
         QTest::addColumn<int>("exitCode");
 
-        QTest::newRow("controller csv") << QStringLiteral("plain.CSV") << QStringList() << 0;
-        QTest::newRow("csv with siblings") << QStringLiteral("S_TS01.CSV") << QStringList{QStringLiteral("--yes")} << 0;
+        QTest::newRow("controller csv") << QStringLiteral("csv/trailing-separator-and-missing-value.csv") << QStringList() << 0;
+        QTest::newRow("csv with siblings") << QStringLiteral("csv/sensor-set/S_TS01.CSV") << QStringList{QStringLiteral("--yes")} << 0;
         QTest::newRow("binary log with siblings, overflow repaired")
             << QStringLiteral(QV_LOG_SAMPLES_DIR "/ventimar-log-overflow/SV_SA_01.LOG") << QStringList{QStringLiteral("--yes")} << 0;
-        QTest::newRow("vaporix-VIS") << QStringLiteral("keller.csv") << QStringList() << 0;
+        QTest::newRow("vaporix-VIS") << QStringLiteral("vis/four-states.csv") << QStringList() << 0;
         QTest::newRow("project") << QStringLiteral("in.qvj") << QStringList() << 0;
         QTest::newRow("a failed import writes nothing") << QStringLiteral("bad.csv") << QStringList() << 1;
         // clang-format on
@@ -45,21 +45,15 @@ private slots:
         QFETCH(int, exitCode);
 
         CsvFolder folder;
-        const QString path = input.startsWith(QLatin1Char('/')) ? input : folder.path(input);
-        if (input.startsWith(QLatin1String("S_TS"))) {
-            for (int i = 1; i <= 4; ++i)
-                folder.write(QStringLiteral("S_TS0%1.CSV").arg(i),
-                             dataFile(qPrintable(QStringLiteral("csv/sensor-set/S_TS0%1.CSV").arg(i))));
-        } else if (input.endsWith(QLatin1String(".qvj"))) {
-            const ImportRun run = importBytes(Kind::Vis, dataFile("vis/four-states.csv"));
-            QVERIFY(g_saveProjectFile(*run.model, path, SaveOptions()).ok);
-        } else if (!input.startsWith(QLatin1Char('/'))) {
-            folder.write(input, input == QLatin1String("bad.csv")
-                                    ? QByteArray("K\nZeit;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;17\n")
-                                : input == QLatin1String("keller.csv")
-                                    ? dataFile("vis/four-states.csv")
-                                    : dataFile("csv/trailing-separator-and-missing-value.csv"));
-        }
+        const QString path = input.startsWith(QLatin1Char('/')) ? input
+                             : input.contains(QLatin1Char('/'))
+                                 ? qEnvironmentVariable("QV_TEST_DATA") + QLatin1Char('/') + input
+                                 : folder.path(input);
+        const ImportRun vis = importBytes(Kind::Vis, dataFile("vis/four-states.csv"));
+        if (input == QLatin1String("in.qvj"))
+            QVERIFY(g_saveProjectFile(*vis.model, path, SaveOptions()).ok);
+        else if (input == QLatin1String("bad.csv"))
+            folder.write(input, "K\nZeit;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;17\n");
         const QString output = folder.path(QStringLiteral("cli.qvj"));
         const ProgramRun run = runProgram(
             QStringLiteral(QV_CLI_PATH),

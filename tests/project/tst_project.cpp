@@ -15,9 +15,7 @@
 #include <QtTest>
 
 #include <sys/resource.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <zlib.h>
@@ -152,17 +150,11 @@ QString summary(const FileResult &r, ChartModel &m)
     for (int i = 0; i < kMaxDataSets; ++i) {
         const _chartDataType &d = *m.data(i);
         if (m.row[i].enabled)
-            s += QStringLiteral("%1%2@%3=%4 ")
-                     .arg(m.row[i].checked ? '+' : '-')
-                     .arg(d.count)
-                     .arg(d.count > 0 ? d.time[d.count - 1] : 0)
-                     .arg(d.count > 0 ? d.value[d.count - 1] : 0);
+            s += QString::asprintf("%c%d@%lld=%g ", m.row[i].checked ? '+' : '-', d.count,
+                                   d.count > 0 ? d.time[d.count - 1] : 0, d.count > 0 ? d.value[d.count - 1] : 0);
     }
-    s += QStringLiteral("view %1-%2 (%3) flags %4")
-             .arg(m.settings.viewBegin)
-             .arg(m.settings.viewEnd)
-             .arg(m.settings.rangeSampleCount)
-             .arg(m.settings.flags);
+    s += QString::asprintf("view %lld-%lld (%d) flags %u", m.settings.viewBegin, m.settings.viewEnd,
+                           m.settings.rangeSampleCount, m.settings.flags);
     if (m.modeBoxVisible)
         s += QStringLiteral(" modes%1 i%2:").arg(m.modeBoxChecked ? '+' : '-').arg(m.modeParameters()->interval);
     for (int k = 0; m.modeBoxVisible && k < 7; ++k)
@@ -170,7 +162,7 @@ QString summary(const FileResult &r, ChartModel &m)
     return s;
 }
 
-enum Situation { NewFile, OverOld, ReadOnlyFolder, LimitHitsProject, LimitHitsBackup, InUse, Fifo, Socket, Folder };
+enum Situation { NewFile, OverOld, ReadOnlyFolder, LimitHitsProject, LimitHitsBackup, InUse, Fifo, Folder };
 
 // Saves in a child process as the programs do (SIGXFSZ ignored), under the
 // situation's file-size limit or as an ordinary user; the child's exit code
@@ -278,7 +270,7 @@ void TestProject::roundTrip()
 void TestProject::loads_data()
 {
     // clang-format off
-    // file: the bytes, or "@missing", "@fifo", "@folder" for what sits at the path.
+    // file: the bytes, or "@missing", "@fifo" for what sits at the path.
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QString>("expected");  // summary() after loading into an empty model
     const QString none = QStringLiteral(" | 0 sets view 0-0 (0) flags 1");
@@ -296,36 +288,26 @@ void TestProject::loads_data()
     QTest::newRow("hand-built 1.4 file: codes kept, view = range, recounted")
         << fileOf(settingsItem(2, true, 2000, 4000) + storeItem(5) + storeItem(0) + modesItems(3, QByteArray("\x0c\x00\x0a", 3)))
         << "ok | 2 sets +5@5000=6 -0@0=0 view 2000-4000 (3) flags 3 modes+ i60: 12 0 10 0 0 0 0";
-    QTest::newRow("range between samples") << fileOf(settingsItem(1, false, 2001, 3999) + storeItem(5))
-                                           << "ok | 1 sets +5@5000=6 view 2001-3999 (1) flags 1";
-    QTest::newRow("range reversed") << fileOf(settingsItem(1, false, 4000, 2000) + storeItem(5))
-                                    << "ok | 1 sets +5@5000=6 view 4000-2000 (0) flags 1";
-    QTest::newRow("negative sample count counts nothing") << fileOf(settingsItem(1, false, 0, 9000) + storeItem(-5))
-                                                          << "ok | 1 sets +-5@0=0 view 0-9000 (0) flags 1";
+    QTest::newRow("range between samples") << fileOf(settingsItem(1, false, 2001, 3999) + storeItem(5)) << "ok | 1 sets +5@5000=6 view 2001-3999 (1) flags 1";
+    QTest::newRow("range reversed") << fileOf(settingsItem(1, false, 4000, 2000) + storeItem(5)) << "ok | 1 sets +5@5000=6 view 4000-2000 (0) flags 1";
+    QTest::newRow("negative sample count counts nothing") << fileOf(settingsItem(1, false, 0, 9000) + storeItem(-5)) << "ok | 1 sets +-5@0=0 view 0-9000 (0) flags 1";
     QTest::newRow("1.3 file: codes 10 and 12 raised, up to the count")
         << fileOf(modes + modesItems(6, QByteArray("\x09\x0a\x0c\x00\xfd\x7f\x0a", 7)), '3')
         << "ok | 0 sets view 0-0 (0) flags 3 modes+ i60: 9 11 13 0 -3 -128 10";
-    QTest::newRow("1.3 file with a hostile count") << fileOf(modes + modesItems(0x7fffffff, "\x0a"), '3')
-                                                   << "ok | 0 sets view 0-0 (0) flags 3 modes+ i60: 11 0 0 0 0 0 0";
+    QTest::newRow("1.3 file with a hostile count") << fileOf(modes + modesItems(0x7fffffff, "\x0a"), '3') << "ok | 0 sets view 0-0 (0) flags 3 modes+ i60: 11 0 0 0 0 0 0";
     QTest::newRow("bytes after the items and the file") << fileOf(good + "extra") + "trailing" << one;
     QTest::newRow("size hint wrong") << badHint << one;
     QTest::newRow("negative data set count") << fileOf(settingsItem(-3, false)) << "ok | -3 sets view 0-0 (0) flags 1";
     QTest::newRow("missing") << QByteArray("@missing") << QStringLiteral("Error reading file!!") + none;
     QTest::newRow("FIFO") << QByteArray("@fifo") << QStringLiteral("Error reading file!!") + none;
-    QTest::newRow("folder") << QByteArray("@folder") << QStringLiteral("Error reading file!!") + none;
     QTest::newRow("empty file") << QByteArray() << kNoProject + none;
-    QTest::newRow("three bytes") << QByteArray("\0\0\0", 3) << kNoProject + none;
     QTest::newRow("magic one byte off") << oneOff + fileOf(two).mid(55) << kNoProject + none;
     QTest::newRow("magic with a trailing blank") << item(magic('4').mid(4) + ' ') << kNoProject + none;
     QTest::newRow("magic cut short") << magic('4').left(40) << kNoProject + none;
-    QTest::newRow("null byte array") << QByteArray("\xff\xff\xff\xff", 4) << kNoProject + none;
     QTest::newRow("version 1.5") << fileOf(good, '5') << kNoProject + none;
     QTest::newRow("no payload item") << magic('4') << kDamaged + none;
-    QTest::newRow("payload length past the end") << magic('4') + QByteArray(4, '\xf0') + QByteArray(100, 'x')
-                                                 << kDamaged + none;
-    QTest::newRow("payload cut short") << fileOf(two).left(70) << kDamaged + none;
+    QTest::newRow("payload length past the end") << magic('4') + QByteArray(4, '\xf0') + QByteArray(100, 'x') << kDamaged + none;
     QTest::newRow("payload not zlib") << magic('4') + item(qvtest::bigEndian32(2052) + QByteArray(300, 'x')) << kDamaged + none;
-    QTest::newRow("payload empty") << magic('4') + zeros(4) << kDamaged + none;
     QTest::newRow("payload of three bytes") << magic('4') + zeros(3) << kDamaged + none;
     QTest::newRow("settings 2047 bytes") << fileOf(zeros(2047)) << kDamaged + none;
     QTest::newRow("settings 2049 bytes") << fileOf(zeros(2049)) << kDamaged + none;
@@ -333,11 +315,9 @@ void TestProject::loads_data()
     QTest::newRow("seventeen data sets") << fileOf(settingsItem(17, false)) << kDamaged + QLatin1String(" | 17 sets view 0-0 (999) flags 1");
     QTest::newRow("store missing") << fileOf(two + storeItem(3)) << kDamaged + store0;
     QTest::newRow("store one byte short") << fileOf(two + storeItem(3) + zeros(kStore - 1)) << kDamaged + store0;
-    QTest::newRow("store cut inside the stream") << fileOf(two + storeItem(3) + zeros(kStore).left(100))
-                                                 << kDamaged + store0;
+    QTest::newRow("store cut inside the stream") << fileOf(two + storeItem(3) + zeros(kStore).left(100)) << kDamaged + store0;
     QTest::newRow("mode codes wrong length") << fileOf(modes + zeros(kModes + 1) + zeros(256)) << kDamaged + modesKept;
     QTest::newRow("mode parameters wrong length") << fileOf(modes + zeros(kModes) + zeros(255)) << kDamaged + modesKept;
-    QTest::newRow("mode parameters missing") << fileOf(modes + zeros(kModes)) << kDamaged + modesKept;
     QTest::newRow("decompression bomb")  // inflates to far more than any project holds
         << fileOf(two + zeros(kStore) + zeros(kStore) + QByteArray(int(2 * g_payloadSize(16, true)), '\0'))
         << kDamaged + none;
@@ -350,11 +330,9 @@ void TestProject::loads()
     QFETCH(QByteArray, file);
     QFETCH(QString, expected);
     QTemporaryDir dir;
-    QString path = dir.filePath(QStringLiteral("p.qvj"));
+    const QString path = dir.filePath(QStringLiteral("p.qvj"));
     if (file == "@fifo")
         QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0666), 0);
-    else if (file == "@folder")
-        path = dir.path();
     else if (file != "@missing")
         QVERIFY(qvtest::writeFile(path, file));
     auto model = std::make_unique<ChartModel>();
@@ -369,7 +347,7 @@ void TestProject::saveSituations_data()
     // clang-format off
     // expected: the message, then every entry of the folder afterwards: N the
     // new project, O the old file byte for byte, P the previous backup, d a
-    // folder, k another kind of non-file (FIFO, socket).
+    // folder, k another kind of non-file (a FIFO).
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("situation");
     QTest::addColumn<QString>("expected");
@@ -378,13 +356,11 @@ void TestProject::saveSituations_data()
     QTest::newRow("over an older project") << "b.QVJ" << int(OverOld) << "ok | b.QVJ=N b.bak=O";
     QTest::newRow("name ending in .bak") << "x.bak" << int(OverOld) << "ok | x.bak=N x.bak.bak=O";
     QTest::newRow("hidden name") << ".qvj" << int(OverOld) << "ok | .qvj=N .qvj.bak=O";
-    QTest::newRow("writable file in a read-only folder") << "plain" << int(ReadOnlyFolder)
-                                                         << error + QLatin1String(" | plain=O plain.bak=P");
+    QTest::newRow("writable file in a read-only folder") << "plain" << int(ReadOnlyFolder) << error + QLatin1String(" | plain=O plain.bak=P");
     QTest::newRow("size limit hit by the project") << "a.qvj" << int(LimitHitsProject) << error + QLatin1String(" | a.bak=O a.qvj=O");
     QTest::newRow("size limit hit by the backup") << "a.qvj" << int(LimitHitsBackup) << error + QLatin1String(" | a.bak=P a.qvj=O");
     QTest::newRow("saved by another program") << "a.qvj" << int(InUse) << saveTexts.at(2) + QLatin1String(" | a.bak=P a.qvj=O");
     QTest::newRow("FIFO") << "a.qvj" << int(Fifo) << error + QLatin1String(" | a.qvj=k");
-    QTest::newRow("socket") << "a.qvj" << int(Socket) << error + QLatin1String(" | a.qvj=k");
     QTest::newRow("folder") << "a.qvj" << int(Folder) << error + QLatin1String(" | a.qvj=d");
     // clang-format on
 }
@@ -404,13 +380,8 @@ void TestProject::saveSituations()
     const QByteArray old =
         situation == LimitHitsBackup ? QByteArray(100 * 1024, 'o') : saveToBytes(*makeModel(2, true), 1);
     const QByteArray previous("previous backup");
-    const int socketHandle = situation == Socket ? ::socket(AF_UNIX, SOCK_STREAM, 0) : -1;
-    sockaddr_un address{AF_UNIX, {}};
-    std::strncpy(address.sun_path, QFile::encodeName(path).constData(), sizeof address.sun_path - 1);
     if (situation == Fifo)
-        QCOMPARE(::mkfifo(address.sun_path, 0666), 0);
-    else if (situation == Socket)
-        QCOMPARE(::bind(socketHandle, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+        QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0666), 0);
     else if (situation == Folder)
         QVERIFY(QDir().mkdir(path));
     else if (situation != NewFile)
@@ -424,8 +395,6 @@ void TestProject::saveSituations()
     const int result = saveInChild(*model, path, situation);
     QFile::setPermissions(folder, QFile::Permissions(0x7755));
     otherSaver.unlock();
-    if (socketHandle >= 0)
-        ::close(socketHandle);
     if (result == 9)
         QSKIP("running as root and cannot change to an ordinary user: a read-only folder stops nobody");
     QVERIFY2(result < saveTexts.size(), qPrintable(QStringLiteral("child ended with %1").arg(result)));
