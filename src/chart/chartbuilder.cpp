@@ -69,8 +69,10 @@ qreal valueAxisNeed(QChart *chart)
 // leave the value axes too short for their labels, the legend font shrinks,
 // but not below 7 points. Relaid out when the chart is resized and when the
 // statistics rename the series. An entry wider than the whole line is cut
-// and shows its full text as a tool tip.
-void flowLegend(QChart *chart, Qt::Alignment side)
+// and shows its full text as a tool tip. On the printed page the parameter
+// band follows right below the chart, so a legend at the bottom keeps a
+// line's height more distance from the chart's lower edge there.
+void flowLegend(QChart *chart, Qt::Alignment side, bool forPrint)
 {
     QLegend *legend = chart->legend();
     legend->setShowToolTips(true);
@@ -80,7 +82,8 @@ void flowLegend(QChart *chart, Qt::Alignment side)
     legend->setAlignment(Qt::AlignTop);  // rows in reading order
     const QMargins base = chart->margins();
     const QFont chosen = legend->font();
-    auto relayout = [chart, legend, side, base, chosen]() {
+    const qreal outer = base.bottom() / 2.0 + (forPrint ? QFontMetricsF(chosen).height() : 0.0);
+    auto relayout = [chart, legend, side, base, chosen, outer]() {
         const QRectF area = chart->rect();
         const qreal line = area.width() - base.left() - base.right();
         if (line <= 0)
@@ -99,8 +102,8 @@ void flowLegend(QChart *chart, Qt::Alignment side)
             margins.setTop(base.top() + int(height));
             legend->setGeometry(QRectF(base.left(), base.top() / 2.0, line, height));
         } else {
-            margins.setBottom(base.bottom() + int(height));
-            legend->setGeometry(QRectF(base.left(), area.bottom() - base.bottom() / 2.0 - height, line, height));
+            margins.setBottom(int(outer + base.bottom() / 2.0 + height));
+            legend->setGeometry(QRectF(base.left(), area.bottom() - outer - height, line, height));
         }
         chart->setMargins(margins);
         legend->update();
@@ -210,7 +213,7 @@ ChartBuild g_buildChart(ChartModel &model, int viewWidth, bool forPrint)
     g_applyTimeWindow(chart, s.viewBegin, s.viewEnd);
     Qt::Alignment side;
     if (g_legendAlignment(s.legendPosition, side))
-        flowLegend(chart, side);
+        flowLegend(chart, side, forPrint);
     return build;
 }
 
