@@ -2,7 +2,7 @@
 // samples, 6 visible value axes, device-state bands. Prints the median and
 // the slowest of several runs for each step a click goes through.
 #include "benchutil.h"
-#include "climatesynth.h"
+#include "maximumchart.h"
 
 #include "chart/reduction.h"
 #include "project/qvchartclass.h"
@@ -84,17 +84,13 @@ void releaseDeferred()
 
 int main(int argc, char *argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qvbench::preferOffscreen();
     QApplication app(argc, argv);
 
-    QWidget panel;
-    auto *grid = new QGridLayout(&panel);
-    QString dir;
-    auto widget = std::make_unique<QVChartClass>(nullptr, &dir, &dir, grid);
-    widget->resize(1480, 1046);
+    qvbench::MaximumChart maximum;
+    QWidget &panel = maximum.panel;
+    std::unique_ptr<QVChartClass> &widget = maximum.widget;
     qv::ChartModel &model = widget->model();
-    qv::g_synthesiseMaximum(model);
     synthesiseStates(model);
     auto box = [&](int i) { return panel.findChild<QCheckBox *>(QStringLiteral("enableBox%1").arg(i)); };
     for (int i = 0; i < 16; ++i) {

@@ -3,7 +3,7 @@
 // table with the range selected, the memory the open dialog adds, and the
 // time of a full repaint of the visible rows at the top, middle and bottom.
 #include "benchutil.h"
-#include "climatesynth.h"
+#include "maximumchart.h"
 
 #include "project/qvchartclass.h"
 #include "ui/dialogseam.h"
@@ -61,17 +61,12 @@ double repaintMs(QTableView *table, int runs)
 
 int main(int argc, char *argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qvbench::preferOffscreen();
     QApplication app(argc, argv);
 
-    QWidget panel;
-    auto *grid = new QGridLayout(&panel);
-    QString dir;
-    auto widget = std::make_unique<QVChartClass>(nullptr, &dir, &dir, grid);
-    widget->resize(1480, 1046);
+    qvbench::MaximumChart maximum;
+    std::unique_ptr<QVChartClass> &widget = maximum.widget;
     qv::ChartModel &model = widget->model();
-    qv::g_synthesiseMaximum(model);
     for (int i = 0; i < qv::kMaxDataSets; ++i)
         model.settings.lineFlags[i] |= qv::kLineShown;
     // A range in the middle, so the table opens scrolled away from the top.

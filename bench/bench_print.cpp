@@ -37,8 +37,7 @@ double childCpuMs()
 
 int main(int argc, char *argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qvbench::preferOffscreen();
     QApplication app(argc, argv);
     QTemporaryDir dir;
 
