@@ -4,8 +4,8 @@
 #include "benchutil.h"
 #include "maximumchart.h"
 
-#include "chart/reduction.h"
-#include "project/qvchartclass.h"
+#include "core/chart/reduction.h"
+#include "document/qvchartclass.h"
 
 #include <QApplication>
 #include <QCheckBox>

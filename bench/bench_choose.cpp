@@ -5,8 +5,8 @@
 #include "benchutil.h"
 #include "maximumchart.h"
 
-#include "project/qvchartclass.h"
-#include "ui/dialogseam.h"
+#include "document/qvchartclass.h"
+#include "gui/ui/dialogseam.h"
 
 #include <QApplication>
 #include <QDialog>

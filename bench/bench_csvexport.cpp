@@ -6,7 +6,7 @@
 #include "benchutil.h"
 #include "climatesynth.h"
 
-#include "project/csvexport.h"
+#include "core/project/csvexport.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

@@ -6,8 +6,8 @@
 // toDouble import, whose times and values must be the same.
 #include "benchutil.h"
 
-#include "import/csvimport.h"
-#include "project/chartmodel.h"
+#include "core/import/csvimport.h"
+#include "core/model/chartmodel.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

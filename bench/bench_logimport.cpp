@@ -3,9 +3,9 @@
 // types. Prints the best of five runs; the target is 0.3 s.
 #include "benchutil.h"
 
-#include "import/logimport.h"
+#include "core/import/logimport.h"
+#include "core/model/chartmodel.h"
 #include "logwriter.h"
-#include "project/chartmodel.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -5,9 +5,9 @@
 #include "benchutil.h"
 #include "climatesynth.h"
 
-#include "chart/pageprinterclass.h"
-#include "project/fixedstring.h"
-#include "project/projectfile.h"
+#include "core/model/fixedstring.h"
+#include "core/project/projectfile.h"
+#include "gui/chart/pageprinterclass.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

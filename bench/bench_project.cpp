@@ -6,7 +6,7 @@
 #include "benchutil.h"
 #include "climatesynth.h"
 
-#include "project/projectfile.h"
+#include "core/project/projectfile.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -6,9 +6,9 @@
 #include "climatesynth.h"
 
 #include "app/quorvantaclass.h"
-#include "ui/progressdialogclass.h"
-#include "project/projectfile.h"
-#include "project/qvchartclass.h"
+#include "core/project/projectfile.h"
+#include "document/qvchartclass.h"
+#include "gui/ui/progressdialogclass.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -3,8 +3,8 @@
 // Target: at most 0.5 s.
 #include "benchutil.h"
 
-#include "import/visimport.h"
-#include "project/chartmodel.h"
+#include "core/import/visimport.h"
+#include "core/model/chartmodel.h"
 
 #include <QCoreApplication>
 #include <QDate>

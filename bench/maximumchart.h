@@ -6,7 +6,7 @@
 #include "benchutil.h"
 #include "climatesynth.h"
 
-#include "project/qvchartclass.h"
+#include "document/qvchartclass.h"
 
 #include <QGridLayout>
 #include <QString>

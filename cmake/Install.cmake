@@ -1,6 +1,6 @@
 # Where `cmake --install` puts the programs and their files, laid out as a
 # Debian user expects them, and the .deb that `cpack -G DEB` builds from the
-# same rules. The help pages are installed by src/help.
+# same rules. The help pages are installed by src/gui/help.
 include(GNUInstallDirs)
 
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS

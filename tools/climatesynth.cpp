@@ -1,6 +1,6 @@
 #include "climatesynth.h"
 
-#include "project/fixedstring.h"
+#include "core/model/fixedstring.h"
 
 #include <cmath>
 #include <cstdint>

@@ -3,7 +3,7 @@
 // sample and the benchmarks.
 #pragma once
 
-#include "project/chartmodel.h"
+#include "core/model/chartmodel.h"
 
 namespace qv {
 

@@ -1,7 +1,7 @@
 // Writes the bundled sample project: four weeks of a wine cellar's climate.
 #include "climatesynth.h"
 
-#include "project/projectfile.h"
+#include "core/project/projectfile.h"
 
 #include <QCoreApplication>
 #include <QTextStream>

@@ -1,7 +1,7 @@
 #include "app/aboutdialogclass.h"
 
-#include "ui/dialogseam.h"
 #include "app/quorvantaclass.h"
+#include "gui/ui/dialogseam.h"
 
 #include <QDialogButtonBox>
 #include <QFile>

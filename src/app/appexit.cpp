@@ -1,6 +1,6 @@
 #include "app/appexit.h"
 
-#include "update/updaterules.h"
+#include "core/update/updaterules.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "app/appexit.h"
-#include "project/commandline.h"
 #include "app/quorvantaclass.h"
-#include "project/projectfile.h"
-#include "ui/resources.h"
+#include "core/project/commandline.h"
+#include "core/project/projectfile.h"
+#include "gui/ui/resources.h"
 
 #include <QApplication>
 #include <QIcon>

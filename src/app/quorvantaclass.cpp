@@ -1,13 +1,13 @@
 #include "app/quorvantaclass.h"
 
 #include "app/aboutdialogclass.h"
-#include "ui/dialogseam.h"
-#include "chart/displaysize.h"
-#include "project/recentfiles.h"
-#include "ui/resources.h"
 #include "app/startscreenclass.h"
-#include "help/helpwindowclass.h"
-#include "project/qvchartclass.h"
+#include "core/chart/displaysize.h"
+#include "core/project/recentfiles.h"
+#include "document/qvchartclass.h"
+#include "gui/help/helpwindowclass.h"
+#include "gui/ui/dialogseam.h"
+#include "gui/ui/resources.h"
 #include "ui_quorvanta.h"
 
 #include <QActionGroup>

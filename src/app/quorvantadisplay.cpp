@@ -1,8 +1,8 @@
 // Size of the chart widget in the scroll area and the zoom commands.
 #include "app/quorvantaclass.h"
 
-#include "chart/displaysize.h"
-#include "project/qvchartclass.h"
+#include "core/chart/displaysize.h"
+#include "document/qvchartclass.h"
 #include "ui_quorvanta.h"
 
 void QuorvantaClass::s_resizeDisplay()

@@ -3,8 +3,8 @@
 // new project through the importer of its kind.
 #include "app/quorvantaclass.h"
 
-#include "import/inputtype.h"
-#include "project/qvchartclass.h"
+#include "core/import/inputtype.h"
+#include "document/qvchartclass.h"
 
 #include <QDragEnterEvent>
 #include <QDropEvent>

@@ -2,12 +2,12 @@
 #include "app/quorvantaclass.h"
 
 #include "app/appexit.h"
-#include "ui/dialogseam.h"
-#include "help/helpwindowclass.h"
-#include "project/qvchartclass.h"
+#include "document/qvchartclass.h"
+#include "gui/help/helpwindowclass.h"
+#include "gui/ui/dialogseam.h"
+#include "gui/update/qvupdateclass.h"
+#include "gui/update/webupdateclass.h"
 #include "ui_quorvanta.h"
-#include "update/qvupdateclass.h"
-#include "update/webupdateclass.h"
 
 #include <QApplication>
 #include <QCursor>

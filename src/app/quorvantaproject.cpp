@@ -1,10 +1,10 @@
 // Project lifecycle of the main window: new, open, recent, close.
 #include "app/quorvantaclass.h"
 
-#include "ui/dialogseam.h"
-#include "project/recentfiles.h"
-#include "import/importdialogclass.h"
-#include "project/qvchartclass.h"
+#include "core/project/recentfiles.h"
+#include "document/qvchartclass.h"
+#include "gui/import/importdialogclass.h"
+#include "gui/ui/dialogseam.h"
 #include "ui_quorvanta.h"
 
 #include <QActionGroup>

@@ -1,8 +1,8 @@
 // The user's settings store: read at start, written when the window closes.
 #include "app/quorvantaclass.h"
 
-#include "chart/displaysize.h"
-#include "project/recentfiles.h"
+#include "core/chart/displaysize.h"
+#include "core/project/recentfiles.h"
 #include "ui_quorvanta.h"
 
 #include <QActionGroup>

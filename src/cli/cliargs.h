@@ -1,8 +1,8 @@
 // Command line of quorvanta-cli.
 #pragma once
 
-#include "import/inputtype.h"
-#include "project/csvexport.h"
+#include "core/import/inputtype.h"
+#include "core/project/csvexport.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "infoprinter.h"
 
-#include "project/fixedstring.h"
-#include "project/modelsummary.h"
+#include "core/model/fixedstring.h"
+#include "core/project/modelsummary.h"
 
 #include <QDateTime>
 #include <QJsonArray>

@@ -1,7 +1,7 @@
 // Readable and JSON views of a model for quorvanta-cli info.
 #pragma once
 
-#include "project/chartmodel.h"
+#include "core/model/chartmodel.h"
 
 #include <QString>
 

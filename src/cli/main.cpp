@@ -4,11 +4,11 @@
 #include "cliargs.h"
 #include "infoprinter.h"
 
-#include "chart/pageprinterclass.h"
-#include "import/importer.h"
-#include "project/csvexport.h"
-#include "project/projectfile.h"
-#include "project/projectpaths.h"
+#include "core/project/csvexport.h"
+#include "core/project/inputreader.h"
+#include "core/project/projectfile.h"
+#include "core/project/projectpaths.h"
+#include "gui/chart/pageprinterclass.h"
 
 #include <QApplication>
 #include <QFile>

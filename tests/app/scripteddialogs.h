@@ -3,7 +3,7 @@
 // modal loops.
 #pragma once
 
-#include "ui/dialogseam.h"
+#include "gui/ui/dialogseam.h"
 
 #include <QList>
 #include <QStringList>

@@ -1,8 +1,8 @@
 #include "app/shellfixture.h"
 
-#include "ui/resources.h"
-#include "project/fixedstring.h"
-#include "project/projectfile.h"
+#include "core/model/fixedstring.h"
+#include "core/project/projectfile.h"
+#include "gui/ui/resources.h"
 
 #include <QStandardPaths>
 

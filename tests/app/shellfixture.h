@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/quorvantaclass.h"
-#include "project/chartmodel.h"
+#include "core/model/chartmodel.h"
 
 #include <QCoreApplication>
 #include <QSettings>

@@ -6,10 +6,10 @@
 #include "support/testsupport.h"
 
 #include "app/quorvantaclass.h"
-#include "chart/displaysize.h"
-#include "project/commandline.h"
-#include "project/qvchartclass.h"
-#include "project/recentfiles.h"
+#include "core/chart/displaysize.h"
+#include "core/project/commandline.h"
+#include "core/project/recentfiles.h"
+#include "document/qvchartclass.h"
 
 #include <QAction>
 #include <QDirIterator>

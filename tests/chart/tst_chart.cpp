@@ -2,18 +2,18 @@
 // widgets); what a build puts into the chart; the chart widget's row boxes
 // and zoom window, kept through a print preview.
 #include "app/scripteddialogs.h"
-#include "chart/chartbuilder.h"
-#include "chart/choosetable.h"
-#include "chart/chartplan.h"
-#include "chart/pagelayout.h"
-#include "chart/reduction.h"
-#include "chart/stateband.h"
-#include "chart/statistics.h"
-#include "chart/tooltipclass.h"
-#include "chart/zoomwindow.h"
-#include "project/fixedstring.h"
-#include "project/projectfile.h"
-#include "project/qvchartclass.h"
+#include "core/chart/chartplan.h"
+#include "core/chart/choosetable.h"
+#include "core/chart/pagelayout.h"
+#include "core/chart/reduction.h"
+#include "core/chart/stateband.h"
+#include "core/chart/statistics.h"
+#include "core/chart/zoomwindow.h"
+#include "core/model/fixedstring.h"
+#include "core/project/projectfile.h"
+#include "document/qvchartclass.h"
+#include "gui/chart/chartbuilder.h"
+#include "gui/chart/tooltipclass.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

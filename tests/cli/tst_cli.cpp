@@ -2,10 +2,10 @@
 // names it refuses or changes, the bytes it writes and what info prints.
 #include "support/testsupport.h"
 
-#include "chart/pagelayout.h"
-#include "project/chartmodel.h"
-#include "project/fixedstring.h"
-#include "project/projectfile.h"
+#include "core/chart/pagelayout.h"
+#include "core/model/chartmodel.h"
+#include "core/model/fixedstring.h"
+#include "core/project/projectfile.h"
 
 #include <QBuffer>
 #include <QDir>

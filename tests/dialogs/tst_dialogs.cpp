@@ -3,11 +3,11 @@
 // colour button's swatch and the drawing surface's mouse signals.
 #include "app/scripteddialogs.h"
 #include "app/shellfixture.h"
-#include "dialogs/colorwidgets.h"
-#include "dialogs/settingsdialogclass.h"
-#include "project/fixedstring.h"
-#include "project/projectfile.h"
-#include "project/qvchartclass.h"
+#include "core/model/fixedstring.h"
+#include "core/project/projectfile.h"
+#include "document/qvchartclass.h"
+#include "gui/dialogs/colorwidgets.h"
+#include "gui/dialogs/settingsdialogclass.h"
 
 #include <QColorDialog>
 #include <QDateEdit>

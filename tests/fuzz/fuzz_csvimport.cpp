@@ -2,8 +2,8 @@
 // bytes 00 FF 00 FF into up to four files: the sampling (..._TS01.CSV) and its
 // state log, parameter and card parameter siblings, so every section is
 // reached. Every question is answered Yes.
+#include "core/import/csvimport.h"
 #include "fuzzinput.h"
-#include "import/csvimport.h"
 
 #include <QByteArray>
 #include <QCoreApplication>

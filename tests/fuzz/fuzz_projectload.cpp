@@ -1,7 +1,7 @@
 // Feeds arbitrary bytes to the project loader: it must end in one of its
 // messages or succeed, never crash, read out of bounds or allocate wildly.
+#include "core/project/projectfile.h"
 #include "fuzzinput.h"
-#include "project/projectfile.h"
 
 #include <QBuffer>
 

@@ -1,7 +1,7 @@
 // libFuzzer target for the vaporix-VIS CSV import: the input is the whole
 // file.
+#include "core/import/visimport.h"
 #include "fuzzinput.h"
-#include "import/visimport.h"
 
 #include <QByteArray>
 #include <QCoreApplication>

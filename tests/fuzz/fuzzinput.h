@@ -2,7 +2,7 @@
 // of one fuzz input into a main file and up to three sibling files.
 #pragma once
 
-#include "project/chartmodel.h"
+#include "core/model/chartmodel.h"
 
 #include <QByteArray>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "help/helpwindowclass.h"
+#include "gui/help/helpwindowclass.h"
 #include "support/testsupport.h"
 
 #include <QAction>
@@ -8,8 +8,8 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 
-// The pages live in src/help/<language>, so "src" stands for the program's directory.
-static const QString kAppDir = QStringLiteral(QV_SOURCE_DIR "/src");
+// The pages live in resources/help/<language>, so "resources" stands for the program's directory.
+static const QString kAppDir = QStringLiteral(QV_SOURCE_DIR "/resources");
 
 class TestHelp : public QObject
 {

@@ -1,8 +1,8 @@
 #include "csvtesthelpers.h"
 
-#include "import/csvimport.h"
-#include "import/logimport.h"
-#include "import/visimport.h"
+#include "core/import/csvimport.h"
+#include "core/import/logimport.h"
+#include "core/import/visimport.h"
 #include "support/testsupport.h"
 
 #include <QDateTime>

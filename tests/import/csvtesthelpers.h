@@ -2,9 +2,9 @@
 // committed inputs, and one summary line of what an import left in a model.
 #pragma once
 
-#include "import/importhost.h"
-#include "project/chartmodel.h"
-#include "project/projectfile.h"
+#include "core/import/importhost.h"
+#include "core/model/chartmodel.h"
+#include "core/project/projectfile.h"
 
 #include <QByteArray>
 #include <QStringList>

@@ -4,13 +4,13 @@
 #include "csvtesthelpers.h"
 #include "support/testsupport.h"
 
-#include "import/controllerstate.h"
-#include "import/controllersteps.h"
-#include "import/csvimport.h"
-#include "import/csvnumber.h"
-#include "import/localtime.h"
+#include "core/import/controllerstate.h"
+#include "core/import/controllersteps.h"
+#include "core/import/csvimport.h"
+#include "core/import/csvnumber.h"
+#include "core/import/localtime.h"
+#include "core/model/fixedstring.h"
 #include "logwriter.h"
-#include "project/fixedstring.h"
 
 #include <QDateTime>
 #include <QtTest>

@@ -5,9 +5,9 @@
 #include "csvtesthelpers.h"
 #include "support/testsupport.h"
 
-#include "import/importer.h"
-#include "import/inputtype.h"
-#include "project/projectfile.h"
+#include "core/import/inputtype.h"
+#include "core/project/inputreader.h"
+#include "core/project/projectfile.h"
 
 #include <QtTest>
 

@@ -5,10 +5,10 @@
 #include "app/shellfixture.h"
 #include "support/testsupport.h"
 
-#include "import/importkind.h"
-#include "ui/progressdialogclass.h"
-#include "project/projectfile.h"
-#include "project/qvchartclass.h"
+#include "core/import/importkind.h"
+#include "core/project/projectfile.h"
+#include "document/qvchartclass.h"
+#include "gui/ui/progressdialogclass.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -4,10 +4,10 @@
 // leaves behind; the range, row-check, path and fixed-width text rules.
 #include "support/testsupport.h"
 
-#include "project/chartmodel.h"
-#include "project/fixedstring.h"
-#include "project/projectfile.h"
-#include "project/projectpaths.h"
+#include "core/model/chartmodel.h"
+#include "core/model/fixedstring.h"
+#include "core/project/projectfile.h"
+#include "core/project/projectpaths.h"
 
 #include <QBuffer>
 #include <QDir>

@@ -3,10 +3,10 @@
 #include "app/appexit.h"
 #include "app/scripteddialogs.h"
 #include "app/shellfixture.h"
+#include "core/update/updaterules.h"
+#include "gui/update/qvupdateclass.h"
+#include "gui/update/webupdateclass.h"
 #include "support/testsupport.h"
-#include "update/qvupdateclass.h"
-#include "update/updaterules.h"
-#include "update/webupdateclass.h"
 
 #include <QPushButton>
 #include <QTcpServer>

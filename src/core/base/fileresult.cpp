@@ -1,0 +1,10 @@
+#include "core/base/fileresult.h"
+
+#include <QtGlobal>
+
+namespace qv {
+
+const char *const kMsgReadError = QT_TRANSLATE_NOOP("QVChartClass", "Error reading file!");
+const char *const kMsgWriteError = QT_TRANSLATE_NOOP("QVChartClass", "Error while writing file!");
+
+}  // namespace qv

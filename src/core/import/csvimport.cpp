@@ -1,0 +1,274 @@
+#include "core/import/csvimport.h"
+
+#include "core/base/regularfile.h"
+#include "core/import/controllerstate.h"
+#include "core/import/controllersteps.h"
+#include "core/import/csvlines.h"
+#include "core/import/csvnumber.h"
+#include "core/import/localtime.h"
+#include "core/model/fixedstring.h"
+
+#include <QFile>
+
+#include <cstring>
+
+namespace qv {
+
+const char *const kMsgCsvTitle = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 1 !");
+const char *const kMsgCsvColumns = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 2 !\nToo many columns.");
+
+namespace {
+
+constexpr int kMaxTitleBytes = 31;
+constexpr int kMaxFields = kMaxDataSets + 1;  // the time column and 16 data sets
+
+// Line bounds. Line 1 longer than the longest title and two cut bytes fails
+// whatever is cut. Every other line of the file and of its siblings has at
+// most 17 fields, none of them anywhere near 255 bytes; a longer line is not
+// read to its end: as line 2 it fails, as a row it ends the data.
+constexpr qsizetype kTitleLineBytes = kMaxTitleBytes + 2;
+constexpr qsizetype kLineBytes = kMaxFields * 256;
+
+// One import of a controller CSV file into the model.
+//
+// Line handling follows the controller's files as they are, odd parts
+// included: the number of bytes cut from the end of every line is fixed by
+// line 1 (2 when it holds a 0x07 byte, else 1, so CR LF files keep their CR),
+// and the data end at the first row with another number of fields.
+class CsvImport
+{
+public:
+    CsvImport(QFile &file, ChartModel &model, ImportHost &host)
+        : m_lines(file, kTitleLineBytes), m_model(model), m_settings(model.settings), m_host(host)
+    {
+    }
+
+    FileResult run(const QString &path);
+
+private:
+    bool readTitle();
+    bool readHeader();
+    void readRows();
+    void finishDataSets();
+    FileResult readSiblings(const QString &path);
+    bool readStateLog(QFile &file);
+    bool readParameters(QFile &file);
+    bool readCardParameters(QFile &file);
+    // A time stamp as the text up to its first zero byte, as Qt converts a
+    // byte array into a string.
+    qint64 readTime(ByteView field)
+    {
+        const ByteView text = field.upToZero();
+        return m_times.read(text.data, text.size);
+    }
+
+    LineReader m_lines;
+    ChartModel &m_model;
+    settingsT &m_settings;
+    ImportHost &m_host;
+    LocalTimeReader m_times;
+    int m_cut = 1;
+    char m_separator = 0;
+    int m_count = 0;  // data sets
+    QByteArray m_title;
+    QByteArray m_header;  // line 2
+};
+
+FileResult CsvImport::run(const QString &path)
+{
+    m_host.progress(1, 255);
+    if (!readTitle())
+        return FileResult::failure(kMsgCsvTitle, FileError::BadContents);
+    if (!readHeader())
+        return FileResult::failure(kMsgCsvColumns, FileError::BadContents);
+    readRows();
+    finishDataSets();
+    if (m_title == kSensorTitle) {
+        const FileResult siblings = readSiblings(path);
+        if (!siblings.ok)
+            return siblings;
+    }
+    g_finishControllerImport(m_model);
+    return FileResult();
+}
+
+bool CsvImport::readTitle()
+{
+    const ByteView raw = m_lines.next();
+    if (m_lines.tooLong())
+        return false;
+    m_lines.setMaxLineBytes(kLineBytes);
+    m_cut = raw.contains('\x07') ? 2 : 1;
+    const ByteView line{raw.data, qMax<qsizetype>(0, raw.size - m_cut)};
+    if (line.size > kMaxTitleBytes)
+        return false;
+    m_title = line.upToZero().toByteArray();
+    g_qString2Buffer(m_settings.description, QString::fromLatin1(m_title), kDescriptionWidth);
+    return true;
+}
+
+bool CsvImport::readHeader()
+{
+    const ByteView line = m_lines.next(m_cut);
+    if (m_lines.tooLong())
+        return false;
+    m_separator = line.contains(';') ? ';' : line.contains(',') ? ',' : '\0';
+    qsizetype count = g_countFieldsWithoutTrailingEmpty(line, m_separator) - 1;
+    // The controller's sensor file has a seventh column that is not a data set.
+    if (m_title == kSensorTitle && count == 7)
+        count = 6;
+    if (count < 1 || count > kMaxDataSets)
+        return false;
+    m_count = int(count);
+    m_settings.dataSetCount = m_count;
+    m_header = line.toByteArray();
+    return true;
+}
+
+void CsvImport::readRows()
+{
+    m_model.clearStores();
+
+    ByteView header[kMaxFields];
+    g_splitFields(ByteView{m_header.constData(), m_header.size()}, m_separator, header, kMaxFields);
+    ByteView fields[kMaxFields];
+    qsizetype fieldCount = g_splitFields(m_lines.next(m_cut), m_separator, fields, kMaxFields);
+
+    // Names from line 2, decimals from the first data row.
+    for (int i = 0; i < m_count; ++i) {
+        const ByteView name = header[i + 1].upToZero();
+        g_qString2BufferWO0(m_settings.name[i], QString::fromLatin1(name.toByteArray()), kNameWidth);
+        qsizetype decimals = 0;
+        if (i + 1 < fieldCount) {
+            const qsizetype point = fields[i + 1].indexOf('.');
+            if (point >= 0)
+                decimals = fields[i + 1].size - point - 1;
+        }
+        m_settings.decimals[i] = quint8(decimals);
+        m_settings.valueType[i] = 8;
+        g_activateImportedRow(m_model, i);
+    }
+
+    _chartDataType *stores[kMaxDataSets];
+    for (int i = 0; i < m_count; ++i)
+        stores[i] = m_model.data(i);
+    int rows = 0;
+    int progressRows = 0;
+    while (fieldCount == m_count + 1) {
+        if (rows == kMaxSamples) {
+            // One row more than the stores hold: the rows read are kept.
+            m_host.warn(QLatin1String(kMsgTooManyData));
+            break;
+        }
+        const qint64 time = readTime(fields[0]);
+        for (int i = 0; i < m_count; ++i) {
+            stores[i]->time[rows] = time;
+            stores[i]->value[rows] = g_readSampleValue(fields[i + 1]);
+            stores[i]->count = rows + 1;
+        }
+        ++rows;
+        fieldCount = g_splitFields(m_lines.next(m_cut), m_separator, fields, kMaxFields);
+        if (progressRows < 256)
+            ++progressRows;
+        m_host.progress(progressRows * 191 / 256, 255);
+    }
+}
+
+void CsvImport::finishDataSets()
+{
+    for (int i = 0; i < m_count; ++i) {
+        g_setAxisRange(m_model, i);
+        m_host.progress(g_axisProgress(i, m_count), 255);
+    }
+    g_setTimeRange(m_model);
+    g_measureSampleInterval(m_model);
+}
+
+// The state log, the parameters and the card parameters of a sensor sampling
+// ("...TS01..." with "TS02", "TS03" and "TS04" beside it). Missing siblings or
+// a No to the question import the sensor data alone.
+FileResult CsvImport::readSiblings(const QString &path)
+{
+    SiblingFiles files;
+    switch (files.open(g_siblingPaths(path, {"TS01", "TS02", "TS03", "TS04"}))) {
+    case SiblingFiles::Opened:
+        break;
+    case SiblingFiles::Missing:
+        return FileResult();
+    case SiblingFiles::NotRegular:
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
+    }
+    if (!m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
+        return FileResult();
+    if (!readStateLog(files[0]) || !readParameters(files[1]) || !readCardParameters(files[2]))
+        return FileResult::failure(kMsgSiblingFiles, FileError::SiblingFiles);
+    m_host.progress(255, 255);
+    g_applySensorLayout(m_model);
+    return FileResult();
+}
+
+bool CsvImport::readStateLog(QFile &file)
+{
+    LineReader lines(file, kLineBytes);
+    m_host.progress(1, 255);
+    if (!lines.next(m_cut).equals("STATUS LOG"))
+        return false;
+    m_host.progress(10, 255);
+    lines.next();  // column headings
+
+    ByteView fields[kStateLogFields];
+    qsizetype fieldCount = g_splitFields(lines.next(m_cut), m_separator, fields, kStateLogFields);
+    // The log is taken to run in step with the data rows; only its first
+    // entry is checked, against half a sample interval.
+    const qint64 start = readTime(fields[0]);
+    const qint64 distance = start - m_settings.firstTime;
+    if ((distance < 0 ? -distance : distance) > qint64(m_settings.sampleInterval) * 500)
+        return false;
+
+    modeCodesT &codes = *m_model.modeCodes();
+    std::memset(&codes, 0, sizeof codes);
+    while (fieldCount == kStateLogFields && codes.count < kMaxSamples) {
+        codes.code[codes.count] = g_stateFromFields(fields);
+        ++codes.count;
+        fieldCount = g_splitFields(lines.next(m_cut), m_separator, fields, kStateLogFields);
+    }
+    return true;
+}
+
+bool CsvImport::readParameters(QFile &file)
+{
+    LineReader lines(file, kLineBytes);
+    m_host.progress(180, 255);
+    if (!lines.next(m_cut).equals("PARAMETER"))
+        return false;
+    lines.next();
+    ByteView fields[kParameterFields];
+    while (g_splitFields(lines.next(m_cut), m_separator, fields, kParameterFields) == kParameterFields)
+        g_storeParameterFields(*m_model.modeParameters(), fields);
+    return true;
+}
+
+bool CsvImport::readCardParameters(QFile &file)
+{
+    LineReader lines(file, kLineBytes);
+    m_host.progress(250, 255);
+    if (!lines.next(m_cut).equals("PARAMETER SDKARTE"))
+        return false;
+    lines.next();
+    ByteView fields[kCardParameterFields];
+    while (g_splitFields(lines.next(m_cut), m_separator, fields, kCardParameterFields) == kCardParameterFields)
+        g_storeCardParameterFields(*m_model.modeParameters(), fields);
+    return true;
+}
+
+}  // namespace
+
+FileResult g_importControllerCsv(const QString &path, ChartModel &model, ImportHost &host)
+{
+    QFile file(path);
+    if (!g_openRegularFile(file))
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
+    return CsvImport(file, model, host).run(path);
+}
+
+}  // namespace qv

@@ -1,0 +1,313 @@
+#include "core/import/logimport.h"
+
+#include "core/base/regularfile.h"
+#include "core/import/controllerstate.h"
+#include "core/import/controllersteps.h"
+#include "core/import/logformat.h"
+#include "core/model/fixedstring.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+#include <cfloat>
+#include <cstring>
+
+namespace qv {
+
+const char *const kMsgNoLog = QT_TRANSLATE_NOOP("QVChartClass", "File is no Ventimar sampling!");
+const char *const kMsgLogHeader = QT_TRANSLATE_NOOP("QVChartClass", "Ventimar sampling seems to be broken (header)!");
+const char *const kMsgLogSize = QT_TRANSLATE_NOOP("QVChartClass", "Ventimar sampling seems to be broken (filesize)!");
+const char *const kAskFixMissingData = QT_TRANSLATE_NOOP("QVChartClass", "Try to fix missing data?");
+const char *const kAskFixOverflow = QT_TRANSLATE_NOOP("QVChartClass", "Try to fix Solvanor firmware overflow bug?");
+
+namespace {
+
+constexpr quint32 kNoDataRow = 0xBAADF00Du;
+constexpr qint8 kStateNoData = 10;
+
+// A sibling log after its checks: the header, its rows and its window (with
+// the repair of the sensor log applied).
+struct SiblingLog {
+    LogHeader header;
+    QByteArray data;
+    LogWindow window;
+};
+
+// The file in the folder of path whose name equals path's ignoring case, when
+// path itself does not exist (a memory card copied by hand onto a
+// case-sensitive file system keeps the lower-case names); path otherwise.
+QString existingSpelling(const QString &path)
+{
+    const QFileInfo info(path);
+    if (info.exists() || info.isSymLink())
+        return path;
+    const QDir folder = info.dir();
+    const QString name = info.fileName();
+    for (const QString &entry :
+         folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)) {
+        if (entry.compare(name, Qt::CaseInsensitive) == 0)
+            return folder.filePath(entry);
+    }
+    return path;
+}
+
+// "01.LOG" replaced by "02.LOG" ignoring case, then "02.LOG" by "03.LOG" in
+// that path and "03.LOG" by "04.LOG"; each name that does not exist as such
+// is looked up ignoring case.
+std::array<QString, 3> siblingPaths(const QString &path)
+{
+    std::array<QString, 3> paths = g_siblingPaths(path, {"01.LOG", "02.LOG", "03.LOG", "04.LOG"});
+    for (QString &p : paths)
+        p = existingSpelling(p);
+    return paths;
+}
+
+class LogImport
+{
+public:
+    LogImport(ChartModel &model, ImportHost &host) : m_model(model), m_settings(model.settings), m_host(host) {}
+
+    FileResult run(QIODevice &file, const QString &path);
+
+private:
+    FileResult readSensorLog(QIODevice &file);
+    void readDataSet(const LogRing &ring, int index);
+    FileResult readSiblings(const QString &path);
+    bool readSibling(QIODevice &file, const char *title, SiblingLog *log) const;
+    bool readStateLog(const SiblingLog &log);
+    void readParameters(const SiblingLog &log);
+    void readCardParameters(const SiblingLog &log);
+
+    ChartModel &m_model;
+    settingsT &m_settings;
+    ImportHost &m_host;
+    LogHeader m_header;
+    LogWindow m_window;
+    bool m_repaired = false;
+};
+
+FileResult LogImport::run(QIODevice &file, const QString &path)
+{
+    const FileResult sensor = readSensorLog(file);
+    if (!sensor.ok)
+        return sensor;
+    if (m_header.title == kSensorTitle &&
+        path.right(12).compare(QLatin1String("SV_SA_01.LOG"), Qt::CaseInsensitive) == 0) {
+        const FileResult siblings = readSiblings(path);
+        if (!siblings.ok)
+            return siblings;
+    }
+    g_finishControllerImport(m_model);
+    return FileResult();
+}
+
+FileResult LogImport::readSensorLog(QIODevice &file)
+{
+    m_host.progress(1, 255);
+    if (!g_readLogMagic(file))
+        return FileResult::failure(kMsgNoLog, FileError::BadContents);
+    m_host.progress(10, 255);
+    if (!g_readLogHeader(file, &m_header) || !g_isUsableLogHeader(m_header))
+        return FileResult::failure(kMsgLogHeader, FileError::BadContents);
+    m_host.progress(20, 255);
+    bool complete = false;
+    const QByteArray data = g_readLogData(file, m_header.dataSize, &complete);
+    if (!complete && !m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskFixMissingData)))
+        return FileResult::failure(kMsgLogSize, FileError::BadContents);
+    m_host.progress(192, 255);
+
+    g_qString2Buffer(m_settings.description, QString::fromLatin1(m_header.title), kDescriptionWidth);
+    m_model.clearStores();
+    m_settings.dataSetCount = m_header.count;
+    m_settings.sampleInterval = m_header.interval;
+
+    m_window = g_logWindow(m_header);
+    if (g_offersOverflowRepair(m_window, m_header.capacity) &&
+        m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskFixOverflow))) {
+        g_repairOverflow(m_window, m_header.interval);
+        m_repaired = true;
+    }
+
+    // More rows than a store holds: the first ones are kept, as the text
+    // importers keep theirs.
+    if (m_window.rows > quint32(kMaxSamples))
+        m_host.warn(QLatin1String(kMsgTooManyData));
+    const LogRing ring(data, m_header.count, m_header.capacity);
+    for (int i = 0; i < m_header.count; ++i) {
+        g_qString2Buffer(m_settings.name[i], QString::fromLatin1(m_header.names[i]), kNameWidth);
+        g_activateImportedRow(m_model, i);
+        readDataSet(ring, i);
+        m_host.progress(g_axisProgress(i, m_header.count), 255);
+    }
+    g_setTimeRange(m_model);
+    return FileResult();
+}
+
+// The samples of data set index: one per row from S, the time advancing by
+// one interval per row also over rows without data, which keep the missing
+// value and stay out of the axis range.
+void LogImport::readDataSet(const LogRing &ring, int index)
+{
+    const LogDescriptor &descriptor = m_header.sets[index];
+    m_settings.valueType[index] = descriptor.type;
+    m_settings.decimals[index] = g_logTypeForcesIntegers(descriptor.type) ? 0 : descriptor.decimals;
+
+    _chartDataType &store = *m_model.data(index);
+    const int count = int(qMin<quint32>(m_window.rows, kMaxSamples));
+    qint64 time = (qint64(m_header.timeCorrection) + qint64(m_window.startTime)) * 1000;
+    const qint64 step = qint64(m_header.interval) * 1000;
+    double low = DBL_MAX;
+    double high = -DBL_MAX;
+    qint64 row = m_window.start;
+    for (int k = 0; k < count; ++k) {
+        store.time[k] = time;
+        if (ring.word(row, 0) == kNoDataRow) {
+            store.value[k] = kMissingValue;
+        } else {
+            const double v = g_decodeLogValue(descriptor, ring.word(row, index));
+            store.value[k] = v;
+            if (v < low)
+                low = v;
+            if (v > high)
+                high = v;
+        }
+        time += step;
+        row = ring.next(row);
+    }
+    store.count = count;
+    g_setAxisLimits(m_model, index, low, high);
+}
+
+// The state log, parameters and card parameters of a sensor log
+// "...SV_SA_01.LOG" are "...SV_SA_02.LOG" to "...04.LOG" beside it. Missing
+// siblings or a No to the question import the sensor data alone.
+FileResult LogImport::readSiblings(const QString &path)
+{
+    SiblingFiles files;
+    switch (files.open(siblingPaths(path))) {
+    case SiblingFiles::Opened:
+        break;
+    case SiblingFiles::Missing:
+        return FileResult();
+    case SiblingFiles::NotRegular:
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
+    }
+    if (!m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
+        return FileResult();
+
+    const FileResult failed = FileResult::failure(kMsgSiblingFiles, FileError::SiblingFiles);
+    m_host.progress(1, 255);
+    for (int i = 0; i < 3; ++i) {
+        if (!g_readLogMagic(files[i]))
+            return failed;
+    }
+    m_host.progress(10, 255);
+
+    SiblingLog log;
+    if (!readSibling(files[0], "STATUS LOG", &log) || !readStateLog(log))
+        return failed;
+    m_host.progress(180, 255);
+    if (!readSibling(files[1], "PARAMETER", &log))
+        return failed;
+    readParameters(log);
+    m_host.progress(250, 255);
+    if (!readSibling(files[2], "PARAMETER SDKARTE", &log))
+        return failed;
+    readCardParameters(log);
+
+    m_host.progress(255, 255);
+    g_applySensorLayout(m_model);
+    return FileResult();
+}
+
+bool LogImport::readSibling(QIODevice &file, const char *title, SiblingLog *log) const
+{
+    if (!g_readLogHeader(file, &log->header) || !g_isUsableLogHeader(log->header) || log->header.title != title)
+        return false;
+    bool complete = false;
+    log->data = g_readLogData(file, log->header.dataSize, &complete);
+    if (!complete)
+        return false;
+    log->window = g_logWindow(log->header);
+    if (m_repaired)
+        g_repairOverflow(log->window, log->header.interval);
+    return true;
+}
+
+// The state log runs in step with the sensor rows, k rows apart: k rows late
+// (k > 0) fills the first k states with "no data", k rows early skips them.
+bool LogImport::readStateLog(const SiblingLog &log)
+{
+    const qint64 start = qint64(log.window.startTime) + qint64(log.header.timeCorrection);
+    const qint64 distance = start - m_settings.firstTime / 1000;
+    const qint32 interval = m_settings.sampleInterval;
+    if (interval == 0 && distance != 0)
+        return false;
+    const qint64 k = interval == 0 ? 0 : distance / interval;
+    const qint64 lag = k < 0 ? -k : k;
+    if (k != 0 && lag > m_settings.rangeSampleCount / 4)
+        return false;
+
+    modeCodesT &codes = *m_model.modeCodes();
+    std::memset(&codes, 0, sizeof codes);
+    const qint64 count = qMin<qint64>(qint64(log.window.rows) - lag, kMaxSamples);
+    const LogRing ring(log.data, log.header.count, log.header.capacity);
+    qint64 row = log.window.start - k;
+    for (qint64 n = 0; n < count; ++n) {
+        qint8 state = kStateNoData;
+        if (row >= 0 && ring.word(row, 0) != kNoDataRow)
+            state =
+                g_controllerState(ring.word(row, 1), ring.word(row, 2), qint32(ring.word(row, 3)), ring.word(row, 4));
+        codes.code[n] = state;
+        row = ring.next(row);
+    }
+    codes.count = qint32(qMax<qint64>(count, 0));
+    return true;
+}
+
+// Every row overwrites the whole record, so the last row of the window wins.
+void LogImport::readParameters(const SiblingLog &log)
+{
+    if (log.window.rows == 0)
+        return;
+    const LogRing ring(log.data, log.header.count, log.header.capacity);
+    const qint64 row = ring.advance(log.window.start, log.window.rows - 1);
+    const auto s = [&](int i) { return double(qint32(ring.word(row, i))); };
+    const auto u = [&](int i) { return double(ring.word(row, i)); };
+    modeParametersT &p = *m_model.modeParameters();
+    p.parameter[0] = u(1) / 200;
+    p.parameter[1] = u(2) / 200;
+    for (int i = 2; i < 5; ++i)
+        p.parameter[i] = s(i + 1) / 100;
+    for (int i = 5; i < 9; ++i)
+        p.parameter[i] = s(i + 2) / 100;
+    p.parameter[9] = s(11) / 200;
+    p.parameter[10] = s(12) / 200;
+    p.intParameter[0] = ring.word(row, 6);
+    for (int i = 1; i < 4; ++i)
+        p.intParameter[i] = ring.word(row, 12 + i);
+}
+
+// The card's sampling interval is kept in minutes.
+void LogImport::readCardParameters(const SiblingLog &log)
+{
+    if (log.window.rows == 0)
+        return;
+    const LogRing ring(log.data, log.header.count, log.header.capacity);
+    const qint64 row = ring.advance(log.window.start, log.window.rows - 1);
+    m_model.modeParameters()->interval = qint32(ring.word(row, 0) * 60u);
+}
+
+}  // namespace
+
+FileResult g_importControllerLog(const QString &path, ChartModel &model, ImportHost &host)
+{
+    QFile file(path);
+    if (!g_openRegularFile(file))
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
+    return LogImport(model, host).run(file, path);
+}
+
+}  // namespace qv

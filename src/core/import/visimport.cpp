@@ -1,0 +1,194 @@
+#include "core/import/visimport.h"
+
+#include "core/base/regularfile.h"
+#include "core/import/controllersteps.h"
+#include "core/import/csvlines.h"
+#include "core/import/localtime.h"
+#include "core/import/visformat.h"
+
+#include <QDate>
+#include <QDateTime>
+#include <QFile>
+#include <QTime>
+
+#include <cstring>
+
+namespace qv {
+
+const char *const kMsgVisLine1 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 1 !\nNo vaporix-Vis sampling.");
+const char *const kMsgVisLine2 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 2 !");
+const char *const kMsgVisLine3 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 3 !");
+const char *const kMsgVisLine4 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 4 !");
+const char *const kMsgVisLine5 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 5 !");
+const char *const kMsgVisLine5Fields = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 5 !\nToo many columns.");
+const char *const kMsgVisLine7 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 7 !");
+const char *const kMsgVisLine7Fields = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 7 !\nToo many columns.");
+
+namespace {
+
+// Room for one field more than any line that is used has, so a split can tell
+// "exactly n" from "more".
+constexpr int kFieldRoom = kVisParameterFields + 1;
+
+// Header lines have fixed widths of at most 192 bytes and a data line has nine
+// short fields; a line longer than this is not read to its end. It reads as an
+// empty line: a header line then fails its own width check, a data line ends
+// the data.
+constexpr qsizetype kVisLineBytes = kVisDataFields * 256;
+
+// One import of a vaporix-VIS file into a fresh model. The header is checked
+// by line lengths only; the data end at the first line without nine fields.
+class VisImport
+{
+public:
+    VisImport(QFile &file, ChartModel &model, ImportHost &host)
+        : m_lines(file, kVisLineBytes), m_model(model), m_settings(model.settings), m_host(host)
+    {
+    }
+
+    FileResult run();
+
+private:
+    const char *readHeader();
+    void readSamples();
+    void finish();
+    qint64 readTime(ByteView date, ByteView time);
+
+    LineReader m_lines;
+    ChartModel &m_model;
+    settingsT &m_settings;
+    ImportHost &m_host;
+    LocalTimeCache m_times;
+};
+
+FileResult VisImport::run()
+{
+    m_host.progress(1, 255);
+    if (const char *error = readHeader())
+        return FileResult::failure(error, FileError::BadContents);
+    readSamples();
+    finish();
+    return FileResult();
+}
+
+// The failure text of the first header check that fails, or null. What the
+// checks before it passed stays in the model: the title from lines 2 and 3,
+// the parameters of line 5.
+const char *VisImport::readHeader()
+{
+    if (m_lines.next().size != kVisLine1Bytes)
+        return kMsgVisLine1;
+
+    const ByteView title = m_lines.next(1);
+    if (title.size != kVisTitleBytes)
+        return kMsgVisLine2;
+    const int nameAt = g_writeVisTitle(m_settings, title);
+
+    const ByteView name = m_lines.next(1);
+    if (name.size != kVisNameBytes)
+        return kMsgVisLine3;
+    g_appendVisName(m_settings, nameAt, name);
+
+    if (m_lines.next().size != kVisLine4Bytes)
+        return kMsgVisLine4;
+
+    const ByteView parameters = m_lines.next();
+    if (parameters.size != kVisParameterLineBytes)
+        return kMsgVisLine5;
+    ByteView fields[kFieldRoom];
+    if (g_splitFields(ByteView{parameters.data, parameters.size - 1}, ';', fields, kFieldRoom) != kVisParameterFields)
+        return kMsgVisLine5Fields;
+    g_storeVisParameters(m_model, fields);
+
+    m_lines.next();
+    // The column titles are split with their terminator.
+    const ByteView columns = m_lines.next();
+    if (columns.size != kVisColumnLineBytes)
+        return kMsgVisLine7;
+    if (g_splitFields(columns, ';', fields, kFieldRoom) != kVisDataFields)
+        return kMsgVisLine7Fields;
+    return nullptr;
+}
+
+// Date "dd.MM.yyyy" and time "hh:mm" as local time. The usual, well-formed
+// stamps are read by hand; anything else is left to QDate, QTime and
+// QDateTime, invalid results included.
+qint64 VisImport::readTime(ByteView date, ByteView time)
+{
+    LocalDateTime t;
+    qint64 msecs = 0;
+    if (g_parseStrictDate(date.data, date.size, &t) && g_parseStrictTime(time.data, time.size, false, &t) &&
+        m_times.toMSecs(t, &msecs))
+        return msecs;
+    const ByteView d = date.upToZero();
+    const ByteView h = time.upToZero();
+    return QDateTime(QDate::fromString(QString::fromLatin1(d.data, int(d.size)), QStringLiteral("dd.MM.yyyy")),
+                     QTime::fromString(QString::fromLatin1(h.data, int(h.size)), QStringLiteral("hh:mm")))
+        .toMSecsSinceEpoch();
+}
+
+void VisImport::readSamples()
+{
+    m_model.clearStores();
+    modeCodesT &modes = *m_model.modeCodes();
+    std::memset(&modes, 0, sizeof modes);
+    g_applyVisLayout(m_settings);
+    m_model.activateRows();
+
+    _chartDataType *stores[kVisDataSets];
+    for (int i = 0; i < kVisDataSets; ++i)
+        stores[i] = m_model.data(i);
+
+    ByteView fields[kFieldRoom];
+    qsizetype fieldCount = g_splitFields(m_lines.next(1), ';', fields, kFieldRoom);
+    int progressLines = 0;
+    while (fieldCount == kVisDataFields) {
+        const qint64 t = readTime(fields[0], fields[1]);
+        for (int i = 0; i < kVisDataSets; ++i) {
+            _chartDataType &d = *stores[i];
+            d.time[d.count] = t;
+            d.value[d.count] = g_readVisValue(fields[2 + i]);
+            ++d.count;
+        }
+        modes.code[modes.count] = g_visStateCode(fields[8]);
+        ++modes.count;
+
+        fieldCount = g_splitFields(m_lines.next(1), ';', fields, kFieldRoom);
+        // The store is full: what was read is kept, the rest of the file not.
+        if (modes.count >= kMaxSamples) {
+            m_host.warn(QLatin1String(kMsgTooManyData));
+            fieldCount = 0;
+        }
+        if (progressLines < kMaxSamples)
+            ++progressLines;
+        m_host.progress((progressLines * 255) >> 18, 255);
+    }
+}
+
+void VisImport::finish()
+{
+    m_settings.hasModeData = 1;
+    m_model.showModeBox();
+
+    // The interval from the first two samples, unless they are less than a
+    // second apart; then the one of the parameter line stays.
+    const _chartDataType &d = *m_model.data(0);
+    const qint64 step = d.time[1] - d.time[0];
+    if (step < -999 || step > 999)
+        m_settings.sampleInterval = qint32(step / 1000);
+    g_setTimeRange(m_model);
+
+    g_checkVisPlausibility(m_model);
+}
+
+}  // namespace
+
+FileResult g_importVisCsv(const QString &path, ChartModel &model, ImportHost &host)
+{
+    QFile file(path);
+    if (!g_openRegularFile(file))
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
+    return VisImport(file, model, host).run();
+}
+
+}  // namespace qv

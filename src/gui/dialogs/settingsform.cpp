@@ -1,0 +1,26 @@
+#include "gui/dialogs/settingsform.h"
+
+#include "gui/ui/dialogseam.h"
+
+#include <QColorDialog>
+#include <QCoreApplication>
+
+namespace qv {
+
+bool g_pickSeriesColor(QWidget *parent, ColorButtonClass *button)
+{
+    QColorDialog chooser(QColor::fromRgba(button->m_getColor()), parent);
+    chooser.setWindowTitle(QCoreApplication::translate("SettingsDialogClass", "Select Color"));
+    if (g_execDialog(chooser) != QDialog::Accepted || !chooser.selectedColor().isValid())
+        return false;
+    button->m_setColor(chooser.selectedColor().rgba());
+    return true;
+}
+
+void g_settingsRefusal(QWidget *parent, SeriesCheck check)
+{
+    g_critical(parent, QCoreApplication::translate("SettingsDialogClass", "Error"),
+               QCoreApplication::translate("SettingsDialogClass", g_seriesCheckText(check)));
+}
+
+}  // namespace qv
