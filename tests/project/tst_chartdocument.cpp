@@ -101,28 +101,28 @@ private slots:
     {
         // clang-format off
         QTest::addColumn<QString>("opened");   // project opened first ("" = a new project)
-        QTest::addColumn<QString>("answers");  // file dialog answers, space-separated
+        QTest::addColumn<QStringList>("answers");  // file dialog answers
         QTest::addColumn<bool>("saveAs");
         // result, dialogs shown and the folder of the first, the project file,
         // the file|folder changes told (# = the test folder), messages ("3" a
         // critical box), the projects there (backups are the save-situation
         // table's concern), and the dialogs shown after a second plain Save.
         QTest::addColumn<QString>("expected");
-        QTest::newRow("in place") << "a.qvj" << "" << false << "1 asked 0 | #/a.qvj | #/a.qvj|# |  | a.qvj | again 0";
-        QTest::newRow("new project asks") << "" << "new.qvj" << false << "1 asked 1 in /start | #/new.qvj | #/new.qvj|# |  | new.qvj | again 1";
-        QTest::newRow("new project, cancelled") << "" << "" << false << "1 asked 1 in /start |  |  |  |  | again 2";
-        QTest::newRow("upper-case extension asks") << "run.QVJ" << "run2.qvj" << false << "1 asked 1 in # | #/run2.qvj | #/run2.qvj|# |  | run.QVJ run2.qvj | again 1";
-        QTest::newRow("save as") << "a.qvj" << "b.qvj" << true << "1 asked 1 in # | #/b.qvj | #/b.qvj|# |  | a.qvj b.qvj | again 1";
-        QTest::newRow("save as, cancelled") << "a.qvj" << "" << true << "0 asked 1 in # | #/a.qvj |  |  | a.qvj | again 1";
-        QTest::newRow("save as without .qvj asks again, saves as typed") << "" << "plain plain" << true << "1 asked 2 in /start | #/plain | #/plain|# |  | plain | again 3";
-        QTest::newRow("failure keeps the name, tries it again without asking") << "" << "missing/x.qvj" << false << "0 asked 1 in /start | #/missing/x.qvj |  | 3 Quorvanta Error|Error while writing file! |  | again 1";
+        QTest::newRow("in place") << "a.qvj" << QStringList() << false << "1 asked 0 | #/a.qvj | #/a.qvj|# |  | a.qvj | again 0";
+        QTest::newRow("new project asks") << "" << QStringList{QStringLiteral("new.qvj")} << false << "1 asked 1 in /start | #/new.qvj | #/new.qvj|# |  | new.qvj | again 1";
+        QTest::newRow("new project, cancelled") << "" << QStringList() << false << "1 asked 1 in /start |  |  |  |  | again 2";
+        QTest::newRow("upper-case extension asks") << "run.QVJ" << QStringList{QStringLiteral("run2.qvj")} << false << "1 asked 1 in # | #/run2.qvj | #/run2.qvj|# |  | run.QVJ run2.qvj | again 1";
+        QTest::newRow("save as") << "a.qvj" << QStringList{QStringLiteral("b.qvj")} << true << "1 asked 1 in # | #/b.qvj | #/b.qvj|# |  | a.qvj b.qvj | again 1";
+        QTest::newRow("save as, cancelled") << "a.qvj" << QStringList() << true << "0 asked 1 in # | #/a.qvj |  |  | a.qvj | again 1";
+        QTest::newRow("save as without .qvj asks again, saves as typed") << "" << QStringList{QStringLiteral("plain"), QStringLiteral("plain")} << true << "1 asked 2 in /start | #/plain | #/plain|# |  | plain | again 3";
+        QTest::newRow("failure keeps the name, tries it again without asking") << "" << QStringList{QStringLiteral("missing/x.qvj")} << false << "0 asked 1 in /start | #/missing/x.qvj |  | 3 Quorvanta Error|Error while writing file! |  | again 1";
         // clang-format on
     }
 
     void save()
     {
         QFETCH(QString, opened);
-        QFETCH(QString, answers);
+        QFETCH(QStringList, answers);
         QFETCH(bool, saveAs);
         QFETCH(QString, expected);
         QTemporaryDir dir;
@@ -133,7 +133,7 @@ private slots:
             qvtest::flushDeletions();
             changes.clear();
         }
-        for (const QString &answer : answers.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        for (const QString &answer : answers)
             dialogs.fileNames << dir.filePath(answer);
         const bool result = saveAs ? chart->s_saveProjectAs() : chart->s_saveProject();
         QString found = QStringLiteral("%1 asked %2").arg(result).arg(dialogs.fileDialogs.size());
@@ -154,14 +154,14 @@ private slots:
     {
         // clang-format off
         QTest::addColumn<QString>("file");  // "" cancels the file dialog
-        QTest::addColumn<int>("failure");   // the reader's, -1: none
+        QTest::addColumn<int>("failure");   // the reader's FileError
         // result, the file dialog, messages (0 question, 2 warning, 3 critical),
         // the progress shown at the question, the import folder, the rows
         // (+ ticked) and the mode box afterwards.
         QTest::addColumn<QString>("expected");
 #define DIALOG "Open Test Sampling|Test Sampling (*.tst)|/imports | "
-        QTest::newRow("file dialog cancelled") << "" << -1 << "0 " DIALOG " |  | /imports | | -";
-        QTest::newRow("imported") << "/data/cellar/run.tst" << -1 << "1 " DIALOG "0 Quorvanta|Load the state file too?, 2 Quorvanta Error|Line 3 of /data/cellar/run.tst was skipped. | Importing Sampling Data.../Test Data | /data/cellar | Set 0+ Set 1- Set 2+ | mode+";
+        QTest::newRow("file dialog cancelled") << "" << int(qv::FileError::None) << "0 " DIALOG " |  | /imports | | -";
+        QTest::newRow("imported") << "/data/cellar/run.tst" << int(qv::FileError::None) << "1 " DIALOG "0 Quorvanta|Load the state file too?, 2 Quorvanta Error|Line 3 of /data/cellar/run.tst was skipped. | Importing Sampling Data.../Test Data | /data/cellar | Set 0+ Set 1- Set 2+ | mode+";
         QTest::newRow("file cannot be read") << "/data/x.tst" << int(qv::FileError::CannotOpen) << "0 " DIALOG "3 Quorvanta Error|Reader failed. |  | /imports | | -";
         QTest::newRow("bad contents") << "/data/x.tst" << int(qv::FileError::BadContents) << "0 " DIALOG "2 Quorvanta Error|Reader failed. |  | /imports | | -";
         QTest::newRow("sibling files: the same text for all") << "/data/x.tst" << int(qv::FileError::SiblingFiles) << "0 " DIALOG "2 Quorvanta Error|Error while loading additional vaporix files! |  | /imports | | -";
@@ -184,7 +184,9 @@ private slots:
         };
         dialogs.fileNames << file;
         dialogs.answers << QMessageBox::Yes;
-        ::failure = failure < 0 ? qv::FileResult() : qv::FileResult::failure("Reader failed.", qv::FileError(failure));
+        ::failure = failure == int(qv::FileError::None)
+                        ? qv::FileResult()
+                        : qv::FileResult::failure("Reader failed.", qv::FileError(failure));
         QString found = QString::number(chart->m_runImport(kFakeKind));
         ::failure = qv::FileResult();
         for (const qv::FileDialogRecord &d : dialogs.fileDialogs)
@@ -205,17 +207,18 @@ private slots:
     void exportCsv_data()
     {
         // clang-format off
-        QTest::addColumn<QString>("zoom");  // "": not zoomed; else zoomed on samples 5..9 of 0..19, and the answer
+        QTest::addColumn<bool>("zoomed");    // on samples 5..9 of 0..19
+        QTest::addColumn<bool>("onlyZoom");  // the answer to the question
         QTest::addColumn<QString>("file");  // "" cancels the file dialog
         // the file dialog's proposal, the messages, the header (shown sets
         // only) and the number of rows written.
         QTest::addColumn<QString>("expected");
 #define ZOOMED "0 Export Data (CSV)|The chart is zoomed in. Export only the samples it shows? No exports the whole selected range."
-        QTest::newRow("not zoomed: no question, the selected range") << "" << "t.csv" << "#/a.csv |  | Date/Time;Set 0;Set 2;State 20";
-        QTest::newRow("zoomed, Yes: the zoom window") << "Yes" << "t.csv" << "#/a.csv | " ZOOMED " | Date/Time;Set 0;Set 2;State 5";
-        QTest::newRow("zoomed, No: the selected range") << "No" << "t.csv" << "#/a.csv | " ZOOMED " | Date/Time;Set 0;Set 2;State 20";
-        QTest::newRow("cancelled: nothing written") << "" << "" << "#/a.csv |  |  0";
-        QTest::newRow("write error") << "" << "no/t.csv" << "#/a.csv | 3 Quorvanta Error|Error while writing file! |  0";
+        QTest::newRow("not zoomed: no question, the selected range") << false << false << "t.csv" << "#/a.csv |  | Date/Time;Set 0;Set 2;State 20";
+        QTest::newRow("zoomed, Yes: the zoom window") << true << true << "t.csv" << "#/a.csv | " ZOOMED " | Date/Time;Set 0;Set 2;State 5";
+        QTest::newRow("zoomed, No: the selected range") << true << false << "t.csv" << "#/a.csv | " ZOOMED " | Date/Time;Set 0;Set 2;State 20";
+        QTest::newRow("cancelled: nothing written") << false << false << "" << "#/a.csv |  |  0";
+        QTest::newRow("write error") << false << false << "no/t.csv" << "#/a.csv | 3 Quorvanta Error|Error while writing file! |  0";
         // clang-format on
     }
 
@@ -223,18 +226,19 @@ private slots:
     // the zoom window when the user answers Yes.
     void exportCsv()
     {
-        QFETCH(QString, zoom);
+        QFETCH(bool, zoomed);
+        QFETCH(bool, onlyZoom);
         QFETCH(QString, file);
         QFETCH(QString, expected);
         QTemporaryDir dir;
         QString project = dir.filePath(QStringLiteral("a.qvj"));
         QVERIFY(qvtest::writeProject(project, 3, true) && chart->m_openProject(&project));
-        if (!zoom.isEmpty()) {
+        if (zoomed) {
             chart->model().settings.viewBegin = chart->model().data(0)->time[5];
             chart->model().settings.viewEnd = chart->model().data(0)->time[9];
         }
         qvtest::ScriptedDialogs dialogs;
-        dialogs.answers << (zoom == QLatin1String("Yes") ? QMessageBox::Yes : QMessageBox::No);
+        dialogs.answers << (onlyZoom ? QMessageBox::Yes : QMessageBox::No);
         dialogs.fileNames << (file.isEmpty() ? file : dir.filePath(file));
         chart->s_exportCSV();
         const QList<QByteArray> lines = qvtest::readFile(dir.filePath(file)).split('\n');

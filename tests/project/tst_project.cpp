@@ -162,6 +162,7 @@ QString summary(const FileResult &r, ChartModel &m)
     return s;
 }
 
+enum At { TheBytes, Nothing, AFifo };  // what sits at the path
 enum Situation { NewFile, OverOld, ReadOnlyFolder, LimitHitsProject, LimitHitsBackup, InUse, Fifo, Folder };
 
 // Saves in a child process as the programs do (SIGXFSZ ignored), under the
@@ -190,22 +191,6 @@ int saveInChild(ChartModel &model, const QString &path, int situation)
     return WIFEXITED(status) ? WEXITSTATUS(status) : 100 + WTERMSIG(status);
 }
 
-// A fixed-width field for reading: "." for NUL, \xNN outside ASCII, "c*N" for a run of N > 16.
-QString shown(const QByteArray &field)
-{
-    QString s;
-    for (int i = 0, n = 1; i < field.size(); i += n) {
-        const char c = field.at(i);
-        for (n = 1; i + n < field.size() && field.at(i + n) == c;)
-            ++n;
-        const QString one = c == 0           ? QStringLiteral(".")
-                            : uchar(c) < 128 ? QString(QLatin1Char(c))
-                                             : QStringLiteral("\\x%1").arg(uchar(c), 0, 16);
-        s += n > 16 ? one + QStringLiteral("*%1").arg(n) : one.repeated(n);
-    }
-    return s;
-}
-
 }  // namespace
 
 class TestProject : public QObject
@@ -219,8 +204,12 @@ private slots:
     void loads();
     void saveSituations_data();
     void saveSituations();
-    void rules_data();
-    void rules();
+    void missingMarker_data();
+    void missingMarker();
+    void rowChecks_data();
+    void rowChecks();
+    void fixedWidthText_data();
+    void fixedWidthText();
 };
 
 void TestProject::roundTrip_data()
@@ -270,7 +259,7 @@ void TestProject::roundTrip()
 void TestProject::loads_data()
 {
     // clang-format off
-    // file: the bytes, or "@missing", "@fifo" for what sits at the path.
+    QTest::addColumn<int>("at");
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QString>("expected");  // summary() after loading into an empty model
     const QString none = QStringLiteral(" | 0 sets view 0-0 (0) flags 1");
@@ -286,59 +275,59 @@ void TestProject::loads_data()
     tail[tail.size() - 3] = char(tail.at(tail.size() - 3) ^ 0x55);  // breaks the checksum
 
     QTest::newRow("hand-built 1.4 file: codes kept, view = range, recounted")
-        << fileOf(settingsItem(2, true, 2000, 4000) + storeItem(5) + storeItem(0) + modesItems(3, QByteArray("\x0c\x00\x0a", 3)))
+        << int(TheBytes) << fileOf(settingsItem(2, true, 2000, 4000) + storeItem(5) + storeItem(0) + modesItems(3, QByteArray("\x0c\x00\x0a", 3)))
         << "ok | 2 sets +5@5000=6 -0@0=0 view 2000-4000 (3) flags 3 modes+ i60: 12 0 10 0 0 0 0";
-    QTest::newRow("range between samples") << fileOf(settingsItem(1, false, 2001, 3999) + storeItem(5)) << "ok | 1 sets +5@5000=6 view 2001-3999 (1) flags 1";
-    QTest::newRow("range reversed") << fileOf(settingsItem(1, false, 4000, 2000) + storeItem(5)) << "ok | 1 sets +5@5000=6 view 4000-2000 (0) flags 1";
-    QTest::newRow("negative sample count counts nothing") << fileOf(settingsItem(1, false, 0, 9000) + storeItem(-5)) << "ok | 1 sets +-5@0=0 view 0-9000 (0) flags 1";
+    QTest::newRow("range between samples") << int(TheBytes) << fileOf(settingsItem(1, false, 2001, 3999) + storeItem(5)) << "ok | 1 sets +5@5000=6 view 2001-3999 (1) flags 1";
+    QTest::newRow("range reversed") << int(TheBytes) << fileOf(settingsItem(1, false, 4000, 2000) + storeItem(5)) << "ok | 1 sets +5@5000=6 view 4000-2000 (0) flags 1";
+    QTest::newRow("negative sample count counts nothing") << int(TheBytes) << fileOf(settingsItem(1, false, 0, 9000) + storeItem(-5)) << "ok | 1 sets +-5@0=0 view 0-9000 (0) flags 1";
     QTest::newRow("1.3 file: codes 10 and 12 raised, up to the count")
-        << fileOf(modes + modesItems(6, QByteArray("\x09\x0a\x0c\x00\xfd\x7f\x0a", 7)), '3')
+        << int(TheBytes) << fileOf(modes + modesItems(6, QByteArray("\x09\x0a\x0c\x00\xfd\x7f\x0a", 7)), '3')
         << "ok | 0 sets view 0-0 (0) flags 3 modes+ i60: 9 11 13 0 -3 -128 10";
-    QTest::newRow("1.3 file with a hostile count") << fileOf(modes + modesItems(0x7fffffff, "\x0a"), '3') << "ok | 0 sets view 0-0 (0) flags 3 modes+ i60: 11 0 0 0 0 0 0";
-    QTest::newRow("bytes after the items and the file") << fileOf(good + "extra") + "trailing" << one;
-    QTest::newRow("size hint wrong") << badHint << one;
-    QTest::newRow("negative data set count") << fileOf(settingsItem(-3, false)) << "ok | -3 sets view 0-0 (0) flags 1";
-    QTest::newRow("missing") << QByteArray("@missing") << QStringLiteral("Error reading file!!") + none;
-    QTest::newRow("FIFO") << QByteArray("@fifo") << QStringLiteral("Error reading file!!") + none;
-    QTest::newRow("empty file") << QByteArray() << kNoProject + none;
-    QTest::newRow("magic one byte off") << oneOff + fileOf(two).mid(55) << kNoProject + none;
-    QTest::newRow("magic with a trailing blank") << item(magic('4').mid(4) + ' ') << kNoProject + none;
-    QTest::newRow("magic cut short") << magic('4').left(40) << kNoProject + none;
-    QTest::newRow("version 1.5") << fileOf(good, '5') << kNoProject + none;
-    QTest::newRow("no payload item") << magic('4') << kDamaged + none;
-    QTest::newRow("payload length past the end") << magic('4') + QByteArray(4, '\xf0') + QByteArray(100, 'x') << kDamaged + none;
-    QTest::newRow("payload not zlib") << magic('4') + item(qvtest::bigEndian32(2052) + QByteArray(300, 'x')) << kDamaged + none;
-    QTest::newRow("payload of three bytes") << magic('4') + zeros(3) << kDamaged + none;
-    QTest::newRow("settings 2047 bytes") << fileOf(zeros(2047)) << kDamaged + none;
-    QTest::newRow("settings 2049 bytes") << fileOf(zeros(2049)) << kDamaged + none;
-    QTest::newRow("settings cut inside the stream") << fileOf(two.left(1000)) << kDamaged + none;
-    QTest::newRow("seventeen data sets") << fileOf(settingsItem(17, false)) << kDamaged + QLatin1String(" | 17 sets view 0-0 (999) flags 1");
-    QTest::newRow("store missing") << fileOf(two + storeItem(3)) << kDamaged + store0;
-    QTest::newRow("store one byte short") << fileOf(two + storeItem(3) + zeros(kStore - 1)) << kDamaged + store0;
-    QTest::newRow("store cut inside the stream") << fileOf(two + storeItem(3) + zeros(kStore).left(100)) << kDamaged + store0;
-    QTest::newRow("mode codes wrong length") << fileOf(modes + zeros(kModes + 1) + zeros(256)) << kDamaged + modesKept;
-    QTest::newRow("mode parameters wrong length") << fileOf(modes + zeros(kModes) + zeros(255)) << kDamaged + modesKept;
+    QTest::newRow("1.3 file with a hostile count") << int(TheBytes) << fileOf(modes + modesItems(0x7fffffff, "\x0a"), '3') << "ok | 0 sets view 0-0 (0) flags 3 modes+ i60: 11 0 0 0 0 0 0";
+    QTest::newRow("bytes after the items and the file") << int(TheBytes) << fileOf(good + "extra") + "trailing" << one;
+    QTest::newRow("size hint wrong") << int(TheBytes) << badHint << one;
+    QTest::newRow("negative data set count") << int(TheBytes) << fileOf(settingsItem(-3, false)) << "ok | -3 sets view 0-0 (0) flags 1";
+    QTest::newRow("missing") << int(Nothing) << QByteArray() << QStringLiteral("Error reading file!!") + none;
+    QTest::newRow("FIFO") << int(AFifo) << QByteArray() << QStringLiteral("Error reading file!!") + none;
+    QTest::newRow("empty file") << int(TheBytes) << QByteArray() << kNoProject + none;
+    QTest::newRow("magic one byte off") << int(TheBytes) << oneOff + fileOf(two).mid(55) << kNoProject + none;
+    QTest::newRow("magic with a trailing blank") << int(TheBytes) << item(magic('4').mid(4) + ' ') << kNoProject + none;
+    QTest::newRow("magic cut short") << int(TheBytes) << magic('4').left(40) << kNoProject + none;
+    QTest::newRow("version 1.5") << int(TheBytes) << fileOf(good, '5') << kNoProject + none;
+    QTest::newRow("no payload item") << int(TheBytes) << magic('4') << kDamaged + none;
+    QTest::newRow("payload length past the end") << int(TheBytes) << magic('4') + QByteArray(4, '\xf0') + QByteArray(100, 'x') << kDamaged + none;
+    QTest::newRow("payload not zlib") << int(TheBytes) << magic('4') + item(qvtest::bigEndian32(2052) + QByteArray(300, 'x')) << kDamaged + none;
+    QTest::newRow("payload of three bytes") << int(TheBytes) << magic('4') + zeros(3) << kDamaged + none;
+    QTest::newRow("settings 2047 bytes") << int(TheBytes) << fileOf(zeros(2047)) << kDamaged + none;
+    QTest::newRow("settings 2049 bytes") << int(TheBytes) << fileOf(zeros(2049)) << kDamaged + none;
+    QTest::newRow("seventeen data sets") << int(TheBytes) << fileOf(settingsItem(17, false)) << kDamaged + QLatin1String(" | 17 sets view 0-0 (999) flags 1");
+    QTest::newRow("store missing") << int(TheBytes) << fileOf(two + storeItem(3)) << kDamaged + store0;
+    QTest::newRow("store one byte short") << int(TheBytes) << fileOf(two + storeItem(3) + zeros(kStore - 1)) << kDamaged + store0;
+    QTest::newRow("store cut inside the stream") << int(TheBytes) << fileOf(two + storeItem(3) + zeros(kStore).left(100)) << kDamaged + store0;
+    QTest::newRow("mode codes wrong length") << int(TheBytes) << fileOf(modes + zeros(kModes + 1) + zeros(256)) << kDamaged + modesKept;
+    QTest::newRow("mode parameters wrong length") << int(TheBytes) << fileOf(modes + zeros(kModes) + zeros(255)) << kDamaged + modesKept;
     QTest::newRow("decompression bomb")  // inflates to far more than any project holds
-        << fileOf(two + zeros(kStore) + zeros(kStore) + QByteArray(int(2 * g_payloadSize(16, true)), '\0'))
+        << int(TheBytes) << fileOf(two + zeros(kStore) + zeros(kStore) + QByteArray(int(2 * g_payloadSize(16, true)), '\0'))
         << kDamaged + none;
-    QTest::newRow("checksum broken after the items") << tail << kDamaged + none;
+    QTest::newRow("checksum broken after the items") << int(TheBytes) << tail << kDamaged + none;
     // clang-format on
 }
 
 void TestProject::loads()
 {
+    QFETCH(int, at);
     QFETCH(QByteArray, file);
     QFETCH(QString, expected);
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("p.qvj"));
-    if (file == "@fifo")
+    if (at == AFifo)
         QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0666), 0);
-    else if (file != "@missing")
+    else if (at == TheBytes)
         QVERIFY(qvtest::writeFile(path, file));
     auto model = std::make_unique<ChartModel>();
     QCOMPARE(summary(g_loadProjectFile(*model, path, ProgressFn()), *model), expected);
     auto other = std::make_unique<ChartModel>();
-    if (!file.startsWith('@'))  // from a device the outcome is the same
+    if (at == TheBytes)  // from a device the outcome is the same
         QCOMPARE(summary(loadBytes(*other, file), *other), expected);
 }
 
@@ -416,62 +405,117 @@ void TestProject::saveSituations()
     QCOMPARE(found, expected);
 }
 
-void TestProject::rules_data()
+void TestProject::missingMarker_data()
 {
     // clang-format off
-    QTest::addColumn<QString>("rule");
-    QTest::addColumn<QString>("input");
-    QTest::addColumn<QString>("expected");
-    const QString table = QString::fromUtf8(qvtest::readFile(qEnvironmentVariable("QV_TEST_DATA") +
-                                                             QStringLiteral("/project/model-rules.txt")));
-    for (const QString &line : table.split(QLatin1Char('\n'))) {
-        const QStringList c = line.split(QStringLiteral(" | "));
-        if (c.size() == 4 && !line.startsWith(QLatin1Char('#')))
-            QTest::newRow(qPrintable(c.at(3))) << c.at(0) << c.at(1) << c.at(2);
-    }
+    QTest::addColumn<double>("value");
+    QTest::addColumn<bool>("missing");
+    QTest::newRow("marker") << 3131961357.0 << true;
+    QTest::newRow("marker plus a fraction truncates to it") << 3131961357.75 << true;
+    QTest::newRow("one below") << 3131961356.999 << false;
+    QTest::newRow("next integer") << 3131961358.0 << false;
+    QTest::newRow("negative marker") << -3131961357.0 << false;
+    QTest::newRow("marker plus 2^32") << 7426928653.0 << true;
+    QTest::newRow("negative with the marker's low bits") << -1163005939.0 << true;
+    QTest::newRow("negative, truncated toward zero") << -1163005938.5 << false;
+    QTest::newRow("huge") << 1e300 << false;
+    QTest::newRow("nan") << qQNaN() << false;
     // clang-format on
 }
 
-void TestProject::rules()
+// A value is missing when its integer part has the marker's low 32 bits.
+void TestProject::missingMarker()
 {
-    QFETCH(QString, rule);
-    QFETCH(QString, input);
-    QFETCH(QString, expected);
-    const QStringList in = input.split(QRegularExpression(QStringLiteral("[ /:]")));
+    QFETCH(double, value);
+    QFETCH(bool, missing);
+    QCOMPARE(g_isMissing(value), missing);
+}
+
+void TestProject::rowChecks_data()
+{
+    // clang-format off
+    // Bit i of a mask stands for data set i.
+    QTest::addColumn<int>("dataSets");
+    QTest::addColumn<int>("shown");   // line flags with kLineShown before
+    QTest::addColumn<int>("ticked");  // row boxes the user left ticked
+    QTest::addColumn<bool>("modeBox");
+    QTest::addColumn<int>("after");   // shown lines, and ticked boxes, afterwards
+    QTest::addColumn<quint32>("flags");
+    QTest::newRow("untick one") << 3 << 0b111 << 0b101 << true << 0b101 << 3u;
+    QTest::newRow("untick the last shown brings back the first") << 3 << 0b010 << 0b000 << false << 0b001 << 1u;
+    QTest::newRow("only newly ticked: none still shown") << 2 << 0b001 << 0b010 << true << 0b011 << 3u;
+    QTest::newRow("no data sets: the first comes back") << 0 << 0 << 0 << false << 0b1 << 1u;
+    // clang-format on
+}
+
+void TestProject::rowChecks()
+{
+    QFETCH(int, dataSets);
+    QFETCH(int, shown);
+    QFETCH(int, ticked);
+    QFETCH(bool, modeBox);
+    QFETCH(int, after);
+    QFETCH(quint32, flags);
     auto model = std::make_unique<ChartModel>();
     settingsT &s = model->settings;
-    QString out;
-    if (rule == QLatin1String("missing")) {
-        out = QString::number(g_isMissing(std::strtod(input.toLatin1().constData(), nullptr)));
-    } else if (rule == QLatin1String("rows")) {
-        s.dataSetCount = in.at(0).size();
-        for (int i = 0; i < s.dataSetCount; ++i) {
-            s.lineFlags[i] = (in.at(0).at(i) == QLatin1Char('1') ? kLineShown : 0u) | 6u;
-            model->row[i].checked = in.at(1).at(i) == QLatin1Char('1');
-        }
-        model->modeBoxChecked = in.size() > 2;
-        model->applyRowChecks();
-        QString ticked = QStringLiteral("/");
-        for (int i = 0; i < qMax(1, s.dataSetCount); ++i) {
-            out += QLatin1Char((s.lineFlags[i] & kLineShown) ? '1' : '0');
-            ticked += QLatin1Char(model->row[i].checked ? '1' : '0');
-        }
-        out += ticked + QStringLiteral(" flags %1").arg(s.flags);
-        QCOMPARE(s.lineFlags[15], 1u);  // rows beyond the data sets keep their flags
-    } else {
-        const int width = in.at(0).toInt();
-        const QString text = input.mid(input.indexOf(QLatin1Char(':')) + 1);
-        const QByteArray latin1 = text.toLatin1();
-        const char *chars = text == QLatin1String("(null)") ? nullptr : latin1.constData();
-        QByteArray field(qMax(0, qMin(width, 65537)) + 2, 'U');
-        for (char *to : {static_cast<char *>(nullptr), field.data()})  // no destination: nothing happens
-            rule == QLatin1String("text0")   ? g_qString2Buffer(to, text, width)
-            : rule == QLatin1String("text1") ? g_qString2BufferWO0(to, text, width)
-                                             : g_char2Buffer(to, chars, width);
-        out = shown(field) +
-              (width > 0 && width < 10 ? QLatin1Char('=') + g_buffer2QString(field.constData(), width) : QString());
+    s.dataSetCount = dataSets;
+    for (int i = 0; i < dataSets; ++i) {
+        s.lineFlags[i] = (shown >> i & 1 ? kLineShown : 0u) | 6u;
+        model->row[i].checked = ticked >> i & 1;
     }
-    QCOMPARE(out, expected);
+    model->modeBoxChecked = modeBox;
+    model->applyRowChecks();
+    int shownAfter = 0, tickedAfter = 0;
+    for (int i = 0; i < qMax(1, dataSets); ++i) {
+        shownAfter |= s.lineFlags[i] & kLineShown ? 1 << i : 0;
+        tickedAfter |= model->row[i].checked ? 1 << i : 0;
+    }
+    QCOMPARE(shownAfter, after);
+    QCOMPARE(tickedAfter, after);
+    QCOMPARE(s.flags, flags);
+    QCOMPARE(s.lineFlags[15], 1u);  // rows beyond the data sets keep their flags
+}
+
+enum Writer { Terminated, Unterminated, FromChars };  // g_qString2Buffer, g_qString2BufferWO0, g_char2Buffer
+
+void TestProject::fixedWidthText_data()
+{
+    // clang-format off
+    QTest::addColumn<int>("writer");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<QString>("text");       // null: no text at all
+    QTest::addColumn<QByteArray>("field");   // the field and the two guard bytes after it
+    QTest::addColumn<QString>("readBack");   // g_buffer2QString of an accepted field
+    QTest::newRow("short") << int(Terminated) << 6 << "abc" << QByteArray("abc\0\0\0UU", 8) << "abc";
+    QTest::newRow("width 1") << int(Terminated) << 1 << "abc" << QByteArray("\0UU", 3) << "";
+    QTest::newRow("terminated at width - 1") << int(Terminated) << 4 << "abcdefgh" << QByteArray("abc\0UU", 6) << "abc";
+    QTest::newRow("WO0 fills the width, read back without a terminator") << int(Unterminated) << 4 << "abcdefgh" << QByteArray("abcdUU") << "abcd";
+    QTest::newRow("char terminated") << int(FromChars) << 4 << "abcdefgh" << QByteArray("abc\0UU", 6) << "abc";
+    QTest::newRow("latin-1 degree") << int(Terminated) << 8 << "°C" << QByteArray("\xb0" "C\0\0\0\0\0\0UU", 10) << "°C";
+    QTest::newRow("no text clears the field") << int(FromChars) << 8 << QString() << QByteArray("\0\0\0\0\0\0\0\0UU", 10) << "";
+    QTest::newRow("width 0 is ignored") << int(FromChars) << 0 << "a" << QByteArray("UU") << "";
+    QTest::newRow("negative width is ignored") << int(Unterminated) << -1 << "a" << QByteArray("UU") << "";
+    QTest::newRow("wider than 65536 is ignored") << int(FromChars) << 65537 << "a" << QByteArray(65539, 'U') << "";
+    QTest::newRow("the widest allowed") << int(Terminated) << 65536 << "ab" << QByteArray("ab") + QByteArray(65534, '\0') + "UU" << "ab";
+    // clang-format on
+}
+
+void TestProject::fixedWidthText()
+{
+    QFETCH(int, writer);
+    QFETCH(int, width);
+    QFETCH(QString, text);
+    QFETCH(QByteArray, field);
+    QFETCH(QString, readBack);
+    const QByteArray latin1 = text.toLatin1();
+    QByteArray written(qBound(0, width, 65537) + 2, 'U');
+    for (char *to : {static_cast<char *>(nullptr), written.data()})  // no destination: nothing happens
+        writer == Terminated     ? g_qString2Buffer(to, text, width)
+        : writer == Unterminated ? g_qString2BufferWO0(to, text, width)
+                                 : g_char2Buffer(to, text.isNull() ? nullptr : latin1.constData(), width);
+    QV_COMPARE_BYTES(written, field);
+    if (width <= 65536)
+        QCOMPARE(g_buffer2QString(written.constData(), width), readBack);
 }
 
 QTEST_GUILESS_MAIN(TestProject)
