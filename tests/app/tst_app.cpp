@@ -1,6 +1,6 @@
 // The desktop program: the shell's rules (recent list, command line, zoom
-// and display size, the main window's close prompt),
-// the resources and the German catalogue.
+// and display size, the main window's close prompt and dropped files), the
+// resources and the German catalogue.
 #include "app/scripteddialogs.h"
 #include "app/shellfixture.h"
 #include "support/testsupport.h"
@@ -20,118 +20,50 @@
 
 using namespace qv;
 
+Q_DECLARE_METATYPE(qv::StartRequest::Action)
+Q_DECLARE_METATYPE(QMessageBox::StandardButton)
+
 namespace {
 
-// A display size mode: "width", "height", "page" or a percentage.
-qint32 modeOf(const QString &text)
+QStringList texts(std::initializer_list<const char *> items)
 {
-    return text == QLatin1String("width")    ? kZoomFitWidth
-           : text == QLatin1String("height") ? kZoomFitHeight
-           : text == QLatin1String("page")   ? kZoomFitPage
-                                             : text.toInt();
+    QStringList list;
+    for (const char *item : items)
+        list << QString::fromUtf8(item);
+    return list;
 }
 
-QSize sizeOf(const QString &text)  // "w h"
+// "a", "b", ...: the first n letters, oldest last in a recent list.
+QStringList letters(int n)
 {
-    return QSize(text.section(QLatin1Char(' '), 0, 0).toInt(), text.section(QLatin1Char(' '), 1, 1).toInt());
+    QStringList list;
+    for (char c = 'a'; c < 'a' + n; ++c)
+        list << QString(QLatin1Char(c));
+    return list;
 }
 
-QMessageBox::StandardButton buttonOf(const QString &text)
+QString source(const char *relative)
 {
-    return text == QLatin1String("Yes")  ? QMessageBox::Yes
-           : text == QLatin1String("No") ? QMessageBox::No
-                                         : QMessageBox::Cancel;
+    return QStringLiteral(QV_SOURCE_DIR "/") + QLatin1String(relative);
 }
 
-// One rule of the shell applied to its input in text form (fields split at '|').
-QString applyRule(const QString &rule, const QString &input)
+// The message boxes shown: "prompt" for one that offers Cancel, "asked" for
+// another question, "error" for the rest.
+QStringList messageKinds(const qvtest::ScriptedDialogs &dialogs)
 {
-    const QStringList f = input.split(QLatin1Char('|'));
-    if (rule == QLatin1String("recent")) {  // list (spaces) | path
-        QStringList list = f[0].split(QLatin1Char(' '), Qt::SkipEmptyParts);
-        g_addRecentFile(list, f[1]);
-        return list.join(QLatin1Char(' '));
-    }
-    if (rule == QLatin1String("argv")) {  // arguments after the program, Latin-1
-        QByteArrayList bytes{"quorvanta"};
-        QVector<const char *> argv;
-        for (int i = 0; i < f.size() && !f[0].isEmpty(); ++i)
-            bytes << f[i].toLatin1().replace("$SRC", QV_SOURCE_DIR);
-        for (const QByteArray &a : bytes)
-            argv << a.constData();
-        StartRequest start = g_startRequest(argv.size(), argv.constData());
-        const char *const action[] = {"", "open ", "import "};
-        return QLatin1String(action[start.action]) +
-               start.path.replace(QLatin1String(QV_SOURCE_DIR), QLatin1String("$SRC"));
-    }
-    if (rule == QLatin1String("menu"))  // a recent path as its menu text
-        return g_menuText(input);
-    if (rule == QLatin1String("window")) {  // designed | free screen area
-        const QSize size = g_firstWindowSize(sizeOf(f[0]), sizeOf(f[1]));
-        return QStringLiteral("%1 %2").arg(size.width()).arg(size.height());
-    }
-    if (rule == QLatin1String("zoom"))  // in and out from a display size mode
-        return QStringLiteral("%1 %2").arg(g_zoomIn(modeOf(f[0]))).arg(g_zoomOut(modeOf(f[0])));
-    if (rule == QLatin1String("size")) {  // mode | available | last fitted
-        const DisplaySize d = g_displaySize(modeOf(f[0]), sizeOf(f[1]), sizeOf(f[2]));
-        return QStringLiteral("%1 %2").arg(d.size.width()).arg(d.size.height()) +
-               QLatin1String(d.fitted ? " fitted" : "");
-    }
-    if (rule != QLatin1String("prompt") && rule != QLatin1String("drop"))
-        return QStringLiteral("no such rule");
-    // prompt: "close" or the action | answer | "gone": the save cannot write;
-    // drop: files (',') | answers | "busy": a modified project is open.
-    const bool drop = rule == QLatin1String("drop");
-    QTemporaryDir dir;
-    const QString project = dir.filePath(QStringLiteral("p.qvj"));
-    if (!qvtest::writeProject(project, 2))
-        return QStringLiteral("cannot write the project");
-    const QByteArray before = qvtest::readFile(project);
-    auto w = qvtest::makeWindow();
-    if (!drop || f[2] == QLatin1String("busy")) {
-        w->s_openProject(project);
-        w->s_projectChanged();
-    }
-    qvtest::ScriptedDialogs dialogs;
-    for (const QString &answer : f[1].split(QLatin1Char(' '), Qt::SkipEmptyParts))
-        dialogs.answers << buttonOf(answer);
-    QStringList out;
-    bool closedSays = false;
-    if (drop) {
-        QList<QUrl> urls;
-        for (const QString &name : f[0].split(QLatin1Char(',')))
-            urls << QUrl::fromLocalFile(name == QLatin1String("project") ? project
-                                                                         : QLatin1String(QV_SOURCE_DIR "/") + name);
-        QMimeData mime;
-        mime.setUrls(urls);
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(w.get(), &enter);
-        QDropEvent dropped(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(w.get(), &dropped);
-        QCoreApplication::processEvents();  // the open or import runs after the drop
-        out << QLatin1String(enter.isAccepted() ? "accepted" : "ignored");
-    } else {
-        if (f[2] == QLatin1String("gone"))
-            dir.remove();
-        if (f[0] != QLatin1String("close"))
-            w->findChild<QAction *>(f[0])->trigger();
-        closedSays = f[0] == QLatin1String("close") ? w->s_closeProject() : !w->findChild<QVChartClass *>();
-    }
+    QStringList kinds;
     for (const MessageRecord &m : dialogs.messages)
-        out << QLatin1String(m.buttons.testFlag(QMessageBox::Cancel) ? "prompt"
-                             : m.kind == MessageKind::Question       ? "asked"
-                                                                     : "error");
-    if (QFile::exists(project) && qvtest::readFile(project) != before)
-        out << QStringLiteral("saved");
-    const auto *chart = w->findChild<QVChartClass *>();
-    out << (chart ? QStringLiteral("%1 sets").arg(chart->model().usedDataSets()) : QStringLiteral("no project"))
-        << QLatin1String(chart && chart->model().settings.hasModeData ? "states" : "")
-        << QLatin1String(drop || !chart == closedSays ? "" : "(says otherwise)")
-        << QLatin1String(w->isWindowModified() ? "modified" : "")
-        << QLatin1String(w->isVisible() ? "" : "window closed")
-        << QLatin1String(dialogs.execClasses.isEmpty() ? "" : "chooser");
-    out.removeAll(QString());
-    return out.join(QLatin1Char(' '));
+        kinds << QLatin1String(m.buttons.testFlag(QMessageBox::Cancel) ? "prompt"
+                               : m.kind == MessageKind::Question       ? "asked"
+                                                                       : "error");
+    return kinds;
+}
+
+// The data sets of the window's open project, -1 without one.
+int openSets(const QuorvantaClass &w)
+{
+    const auto *chart = w.findChild<QVChartClass *>();
+    return chart ? chart->model().usedDataSets() : -1;
 }
 
 }  // namespace
@@ -141,65 +73,242 @@ class TestApp : public QObject
     Q_OBJECT
 
     QTemporaryDir scratch;
+    QString project;  // two data sets, dropped or opened as it is
+    QByteArray projectBytes;
 
 private slots:
-    void initTestCase() { qvtest::prepareShell(scratch); }
+    void initTestCase()
+    {
+        qvtest::prepareShell(scratch);
+        project = scratch.filePath(QStringLiteral("p.qvj"));
+        QVERIFY(qvtest::writeProject(project, 2));
+        projectBytes = qvtest::readFile(project);
+    }
     void cleanup() { qvtest::flushDeletions(); }
 
-    void rules_data()
+    void recentFiles_data()
     {
+        QTest::addColumn<QStringList>("list");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QStringList>("expected");
         // clang-format off
-        QTest::addColumn<QString>("input");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("recent: reopened moves to the front, duplicates all go") << "a b a|a" << "a b";
-        QTest::newRow("recent: case matters") << "A|a" << "a A";
-        QTest::newRow("recent: 17th drops the oldest") << "a b c d e f g h i j k l m n o p|new" << "new a b c d e f g h i j k l m n o";
-        QTest::newRow("recent: full list, reopened last") << "a b c d e f g h i j k l m n o p|p" << "p a b c d e f g h i j k l m n o";
-        QTest::newRow("recent: overlong list is cut") << "a b c d e f g h i j k l m n o p q r s t|new" << "new a b c d e f g h i j k l m n o";
-        QTest::newRow("argv: one, Latin-1, backslashes") << QStringLiteral("C:\\Daten\\K\u00e4lte.qvj") << QStringLiteral("open C:/Daten/K\u00e4lte.qvj");
-        QTest::newRow("argv: two are ignored") << "/a.qvj|/b.qvj" << "";
-        QTest::newRow("argv: a controller CSV is imported") << "$SRC/resources/samples/ventimar-lager.csv" << "import $SRC/resources/samples/ventimar-lager.csv";
-        QTest::newRow("argv: a log, any case, is imported") << "D:\\SV_SA_01.LOG" << "import D:/SV_SA_01.LOG";
-        QTest::newRow("argv: any other name opens as a project") << "/d/a.qvx" << "open /d/a.qvx";
-        QTest::newRow("drop: a project opens") << "project||" << "accepted 2 sets";
-        QTest::newRow("drop: a controller CSV, siblings Yes") << "resources/samples/vaporix-keller_TS01.csv|Yes|" << "accepted asked 12 sets states modified";
-        QTest::newRow("drop: a vaporix-VIS CSV") << "tests/data/vis/four-states.csv||" << "accepted 6 sets states modified";
-        QTest::newRow("drop: a missing log fails, nothing kept") << "nowhere/SV_SA_01.LOG||" << "accepted error no project";
-        QTest::newRow("drop: another file is ignored") << "README.md||" << "ignored no project";
-        QTest::newRow("drop: two files are ignored") << "project,tests/data/vis/four-states.csv||" << "ignored no project";
-        QTest::newRow("drop: on a modified project, Cancel keeps it") << "tests/data/vis/four-states.csv|Cancel|busy" << "accepted prompt 2 sets modified";
-        QTest::newRow("drop: on a modified project, No imports") << "tests/data/vis/four-states.csv|No|busy" << "accepted prompt 6 sets states modified";
-        QTest::newRow("menu: & shows as it is") << "/d/R&D/a.qvj" << "/d/R&&D/a.qvj";
-        QTest::newRow("window: the designed size where it fits") << "1280 860|1920 1040" << "1280 860";
-        QTest::newRow("window: 1366 x 768 makes it smaller") << "1280 860|1366 728" << "1280 680";
-        QTest::newRow("zoom: a fit mode counts as 100") << "height" << "150 90";
-        QTest::newRow("zoom: 1000 is the top") << "1000" << "1000 950";
-        QTest::newRow("zoom: 101") << "101" << "151 51";
-        QTest::newRow("zoom: 0 is kept") << "0" << "10 0";
-        QTest::newRow("size: width fits") << "width|1000 800|-1 -1" << "1000 707 fitted";
-        QTest::newRow("size: width leaves room for the scroll bar") << "width|1000 600|-1 -1" << "980 692 fitted";
-        QTest::newRow("size: height fits") << "height|1000 600|-1 -1" << "848 600 fitted";
-        QTest::newRow("size: height leaves room for the scroll bar") << "height|800 600|-1 -1" << "820 580 fitted";
-        QTest::newRow("size: page, wide area") << "page|1500 800|-1 -1" << "1131 800 fitted";
-        QTest::newRow("size: page, just below sqrt 2") << "page|1414 1000|-1 -1" << "1414 999 fitted";
-        QTest::newRow("size: 150 percent of the fitted width") << "150|1 1|1000 707" << "1500 1060";
-        QTest::newRow("size: 33 percent, integer arithmetic") << "33|1 1|1001 1" << "330 233";
-        QTest::newRow("prompt: Yes saves") << "close|Yes|" << "prompt saved no project";
-        QTest::newRow("prompt: No discards") << "close|No|" << "prompt no project";
-        QTest::newRow("prompt: Cancel keeps") << "close|Cancel|" << "prompt 2 sets modified";
-        QTest::newRow("prompt: a failed save keeps") << "close|Yes|gone" << "prompt error 2 sets modified";
-        QTest::newRow("prompt: window, No closes it") << "actionExit|No|" << "prompt no project window closed";
-        QTest::newRow("prompt: window, Cancel keeps it open") << "actionExit|Cancel|" << "prompt 2 sets modified";
-        QTest::newRow("prompt: new project, Cancel: no chooser") << "actionNew|Cancel|" << "prompt 2 sets modified";
+        QTest::newRow("reopened moves to the front, duplicates all go") << texts({"a", "b", "a"}) << "a" << texts({"a", "b"});
+        QTest::newRow("case matters") << texts({"A"}) << "a" << texts({"a", "A"});
+        QTest::newRow("full list, reopened last") << letters(16) << "p" << texts({"p"}) + letters(15);
+        QTest::newRow("overlong list is cut") << letters(20) << "new" << texts({"new"}) + letters(15);
         // clang-format on
     }
-
-    void rules()
+    void recentFiles()
     {
-        QFETCH(QString, input);
-        QFETCH(QString, expected);
-        QCOMPARE(applyRule(QString::fromUtf8(QTest::currentDataTag()).section(QLatin1Char(':'), 0, 0), input),
-                 expected);
+        QFETCH(QStringList, list);
+        QFETCH(QString, path);
+        g_addRecentFile(list, path);
+        QTEST(list, "expected");
+    }
+
+    // The arguments after the program's name, passed as Latin-1.
+    void startRequest_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<StartRequest::Action>("action");
+        QTest::addColumn<QString>("path");
+        const QString csv = source("resources/samples/ventimar-lager.csv");
+        // clang-format off
+        QTest::newRow("one, Latin-1, backslashes") << QStringList{QStringLiteral("C:\\Daten\\K\u00e4lte.qvj")} << StartRequest::OpenProject << QStringLiteral("C:/Daten/K\u00e4lte.qvj");
+        QTest::newRow("two are ignored") << texts({"/a.qvj", "/b.qvj"}) << StartRequest::Nothing << "";
+        QTest::newRow("a controller CSV is imported") << QStringList{csv} << StartRequest::ImportSampling << csv;
+        QTest::newRow("a log, any case, is imported") << texts({"D:\\SV_SA_01.LOG"}) << StartRequest::ImportSampling << "D:/SV_SA_01.LOG";
+        QTest::newRow("any other name opens as a project") << texts({"/d/a.qvx"}) << StartRequest::OpenProject << "/d/a.qvx";
+        // clang-format on
+    }
+    void startRequest()
+    {
+        QFETCH(QStringList, arguments);
+        QByteArrayList bytes;  // the list may move its items, not their data
+        QVector<const char *> argv{"quorvanta"};
+        for (const QString &argument : arguments)
+            argv << (bytes << argument.toLatin1()).last().constData();
+        const StartRequest start = g_startRequest(argv.size(), argv.constData());
+        QTEST(start.action, "action");
+        QTEST(start.path, "path");
+    }
+
+    // A '&' in a recent path shows as it is.
+    void menuText() { QCOMPARE(g_menuText(QStringLiteral("/d/R&D/a.qvj")), QStringLiteral("/d/R&&D/a.qvj")); }
+
+    void firstWindowSize_data()
+    {
+        QTest::addColumn<QSize>("designed");
+        QTest::addColumn<QSize>("available");
+        QTest::addColumn<QSize>("expected");
+        QTest::newRow("the designed size where it fits") << QSize(1280, 860) << QSize(1920, 1040) << QSize(1280, 860);
+        QTest::newRow("1366 x 768 makes it smaller") << QSize(1280, 860) << QSize(1366, 728) << QSize(1280, 680);
+    }
+    void firstWindowSize()
+    {
+        QFETCH(QSize, designed);
+        QFETCH(QSize, available);
+        QTEST(g_firstWindowSize(designed, available), "expected");
+    }
+
+    void zoomSteps_data()
+    {
+        QTest::addColumn<qint32>("mode");
+        QTest::addColumn<qint32>("in");
+        QTest::addColumn<qint32>("out");
+        QTest::newRow("a fit mode counts as 100") << kZoomFitHeight << 150 << 90;
+        QTest::newRow("1000 is the top") << 1000 << 1000 << 950;
+        QTest::newRow("101") << 101 << 151 << 51;
+        QTest::newRow("0 is kept") << 0 << 10 << 0;
+    }
+    void zoomSteps()
+    {
+        QFETCH(qint32, mode);
+        QTEST(g_zoomIn(mode), "in");
+        QTEST(g_zoomOut(mode), "out");
+    }
+
+    // fitted: the size last fitted, which a percentage scales.
+    void displaySize_data()
+    {
+        QTest::addColumn<qint32>("mode");
+        QTest::addColumn<QSize>("available");
+        QTest::addColumn<QSize>("fitted");
+        QTest::addColumn<QSize>("expected");
+        QTest::addColumn<bool>("fitsAnew");
+        const QSize none(-1, -1), any(1, 1);
+        // clang-format off
+        QTest::newRow("width fits") << kZoomFitWidth << QSize(1000, 800) << none << QSize(1000, 707) << true;
+        QTest::newRow("width leaves room for the scroll bar") << kZoomFitWidth << QSize(1000, 600) << none << QSize(980, 692) << true;
+        QTest::newRow("height fits") << kZoomFitHeight << QSize(1000, 600) << none << QSize(848, 600) << true;
+        QTest::newRow("height leaves room for the scroll bar") << kZoomFitHeight << QSize(800, 600) << none << QSize(820, 580) << true;
+        QTest::newRow("page, wide area") << kZoomFitPage << QSize(1500, 800) << none << QSize(1131, 800) << true;
+        QTest::newRow("page, just below sqrt 2") << kZoomFitPage << QSize(1414, 1000) << none << QSize(1414, 999) << true;
+        QTest::newRow("150 percent of the fitted width") << 150 << any << QSize(1000, 707) << QSize(1500, 1060) << false;
+        QTest::newRow("33 percent, integer arithmetic") << 33 << any << QSize(1001, 1) << QSize(330, 233) << false;
+        // clang-format on
+    }
+    void displaySize()
+    {
+        QFETCH(qint32, mode);
+        QFETCH(QSize, available);
+        QFETCH(QSize, fitted);
+        const DisplaySize d = g_displaySize(mode, available, fitted);
+        QTEST(d.size, "expected");
+        QTEST(d.fitted, "fitsAnew");
+    }
+
+    // A modified project, closed directly or by an action (object name), with
+    // the answer to the save prompt; saveFails: its folder is gone by then.
+    // messages: see messageKinds(); sets: see openSets().
+    void closePrompt_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QMessageBox::StandardButton>("answer");
+        QTest::addColumn<bool>("saveFails");
+        QTest::addColumn<QStringList>("messages");
+        QTest::addColumn<bool>("saved");
+        QTest::addColumn<int>("sets");
+        QTest::addColumn<bool>("modified");
+        QTest::addColumn<bool>("windowClosed");
+        const QStringList prompt = texts({"prompt"});
+        // clang-format off
+        QTest::newRow("Yes saves") << "" << QMessageBox::Yes << false << prompt << true << -1 << false << false;
+        QTest::newRow("No discards") << "" << QMessageBox::No << false << prompt << false << -1 << false << false;
+        QTest::newRow("Cancel keeps") << "" << QMessageBox::Cancel << false << prompt << false << 2 << true << false;
+        QTest::newRow("a failed save keeps") << "" << QMessageBox::Yes << true << texts({"prompt", "error"}) << false << 2 << true << false;
+        QTest::newRow("window, No closes it") << "actionExit" << QMessageBox::No << false << prompt << false << -1 << false << true;
+        QTest::newRow("window, Cancel keeps it open") << "actionExit" << QMessageBox::Cancel << false << prompt << false << 2 << true << false;
+        QTest::newRow("new project, Cancel: no chooser") << "actionNew" << QMessageBox::Cancel << false << prompt << false << 2 << true << false;
+        // clang-format on
+    }
+    void closePrompt()
+    {
+        QFETCH(QString, action);
+        QFETCH(QMessageBox::StandardButton, answer);
+        QFETCH(bool, saveFails);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("p.qvj"));
+        QVERIFY(QFile::copy(project, path));
+        auto w = qvtest::makeWindow();
+        w->s_openProject(path);
+        w->s_projectChanged();
+        qvtest::ScriptedDialogs dialogs;
+        dialogs.answers << answer;
+        if (saveFails)
+            dir.remove();
+        if (action.isEmpty()) {
+            const bool closed = w->s_closeProject();
+            QCOMPARE(closed, openSets(*w) < 0);
+        } else {
+            w->findChild<QAction *>(action)->trigger();
+        }
+        QTEST(messageKinds(dialogs), "messages");
+        QTEST(qvtest::readFile(path) != projectBytes && QFile::exists(path), "saved");
+        QTEST(openSets(*w), "sets");
+        QTEST(w->isWindowModified(), "modified");
+        QTEST(!w->isVisible(), "windowClosed");
+        QVERIFY(dialogs.execClasses.isEmpty());
+    }
+
+    // Files dropped on the window (the project above or files of the source
+    // tree); answer: the first message box's (none: its first button); busy:
+    // the project above is open and modified.
+    void drop_data()
+    {
+        QTest::addColumn<QStringList>("files");
+        QTest::addColumn<QMessageBox::StandardButton>("answer");
+        QTest::addColumn<bool>("busy");
+        QTest::addColumn<bool>("accepted");
+        QTest::addColumn<QStringList>("messages");
+        QTest::addColumn<int>("sets");
+        QTest::addColumn<bool>("states");
+        QTest::addColumn<bool>("modified");
+        const QString vis = source("tests/data/vis/four-states.csv");
+        const auto none = QMessageBox::NoButton;
+        // clang-format off
+        QTest::newRow("a project opens") << QStringList{project} << none << false << true << QStringList() << 2 << false << false;
+        QTest::newRow("a controller CSV, siblings Yes") << QStringList{source("resources/samples/vaporix-keller_TS01.csv")} << QMessageBox::Yes << false << true << texts({"asked"}) << 12 << true << true;
+        QTest::newRow("a vaporix-VIS CSV") << QStringList{vis} << none << false << true << QStringList() << 6 << true << true;
+        QTest::newRow("a missing log fails, nothing kept") << QStringList{source("nowhere/SV_SA_01.LOG")} << none << false << true << texts({"error"}) << -1 << false << false;
+        QTest::newRow("another file is ignored") << QStringList{source("README.md")} << none << false << false << QStringList() << -1 << false << false;
+        QTest::newRow("two files are ignored") << QStringList{project, vis} << none << false << false << QStringList() << -1 << false << false;
+        QTest::newRow("on a modified project, Cancel keeps it") << QStringList{vis} << QMessageBox::Cancel << true << true << texts({"prompt"}) << 2 << false << true;
+        QTest::newRow("on a modified project, No imports") << QStringList{vis} << QMessageBox::No << true << true << texts({"prompt"}) << 6 << true << true;
+        // clang-format on
+    }
+    void drop()
+    {
+        QFETCH(QStringList, files);
+        QFETCH(QMessageBox::StandardButton, answer);
+        QFETCH(bool, busy);
+        auto w = qvtest::makeWindow();
+        if (busy) {
+            w->s_openProject(project);
+            w->s_projectChanged();
+        }
+        qvtest::ScriptedDialogs dialogs;
+        if (answer != QMessageBox::NoButton)
+            dialogs.answers << answer;
+        QList<QUrl> urls;
+        for (const QString &file : files)
+            urls << QUrl::fromLocalFile(file);
+        QMimeData mime;
+        mime.setUrls(urls);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(w.get(), &enter);
+        QDropEvent dropped(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(w.get(), &dropped);
+        QCoreApplication::processEvents();  // the open or import runs after the drop
+        QTEST(enter.isAccepted(), "accepted");
+        QTEST(messageKinds(dialogs), "messages");
+        QTEST(openSets(*w), "sets");
+        const auto *chart = w->findChild<QVChartClass *>();
+        QTEST(chart && chart->model().settings.hasModeData, "states");
+        QTEST(w->isWindowModified(), "modified");
+        QVERIFY(w->isVisible());
+        QVERIFY(dialogs.execClasses.isEmpty());
+        QCOMPARE(qvtest::readFile(project), projectBytes);
     }
 
     // Every ":/new/prefix1/resources/..." named in the sources and forms is built

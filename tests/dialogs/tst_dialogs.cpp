@@ -1,6 +1,7 @@
 // The chart settings and single-series dialogs, run from the chart widget
-// and worked through their widgets; what a saved project then holds. The
-// colour button's swatch and the drawing surface's mouse signals.
+// and worked through their widgets by object name; what the chart and a
+// saved project then hold. The colour button's swatch and the drawing
+// surface's mouse signals.
 #include "app/scripteddialogs.h"
 #include "app/shellfixture.h"
 #include "core/model/fixedstring.h"
@@ -10,22 +11,28 @@
 #include "gui/dialogs/settingsdialogclass.h"
 
 #include <QColorDialog>
-#include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QToolButton>
 #include <QtTest>
 
+#include <cstring>
+#include <functional>
+
 using namespace qv;
+
+Q_DECLARE_METATYPE(QDialogButtonBox::StandardButton)
 
 namespace {
 
 const qint64 kStart = 1700000000000, kMinute = 60000;
+const char *const kNoData = "Error: At least 1 set of data must be displayed !";
+const char *const kNoAxis = "Error: At least 1 axis must be displayed !";
+const char *const kTooMany = "Error: It's not possible displaying more than 6 axis !";
 
 template <class W> W *child(QObject &parent, const QString &name)
 {
@@ -33,142 +40,96 @@ template <class W> W *child(QObject &parent, const QString &name)
     return w ? w : (qFatal("no widget %s", qPrintable(name)), w);
 }
 
-QString minutes(qint64 a, qint64 b)
+// Values for a dialog's widgets by object name, written through each
+// widget's user property (checked, value, text, date).
+QVariantMap fields(std::initializer_list<std::pair<const char *, QVariant>> values)
 {
-    return QStringLiteral("%1-%2").arg((a - kStart) / kMinute).arg((b - kStart) / kMinute);
+    QVariantMap map;
+    for (const auto &value : values)
+        map.insert(QLatin1String(value.first), value.second);
+    return map;
 }
 
-// Opens the chart settings ("chart") or the settings of row k ("row k") on
-// eight data sets of 20 samples (set 1 hidden; sets 0..5 with an axis, 6
-// and 7 without) and works the dialog with the script's words:
-//   iN data index, eN/aN enabled/axis box, min:/max:/dec:/name: fields,
-//   begin:/end: dates in days from the first sample's, color:AARRGGBB through the chooser,
-//   ok/cancel/help buttons, ?form what the form shows, ?open whether open.
-// First words change the record before: Ln legend position, Fk=v line
-// flags, Dk=v decimals; on the opened chart, Z a zoom window of minutes
-// 5-10, R a range of minutes 0-12 whose samples were not counted yet. Then come the messages,
-// whether the dialog stayed open, and, from the saved project read back,
-// the words after "=>": setN (limits, flags, decimals, colour, name, row
-// box), legend, and from the chart itself (loading resets the zoom) range
-// (range, view, samples in range).
-QString run(const QString &script)
+void fill(QDialog &d, const QVariantMap &values)
 {
-    QStringList words = script.split(QLatin1Char(' '));
-    const QString what = words.takeFirst();
-    const QStringList checks = script.section(QLatin1String("=> "), 1).split(QLatin1Char(' '));
-    words = words.mid(0, words.indexOf(QStringLiteral("=>")));
-    auto model = qvtest::makeModel(8, false);
-    settingsT &r = model->settings;
-    const bool zoom = words.contains(QStringLiteral("Z")), range = words.contains(QStringLiteral("R"));
-    while (!words.isEmpty() && QStringLiteral("LFDZR").contains(words.first().at(0))) {
-        const QString w = words.takeFirst();
-        const int k = w.mid(1).section(QLatin1Char('='), 0, 0).toInt(), v = w.section(QLatin1Char('='), 1).toInt();
-        if (w.startsWith(QLatin1Char('L')))
-            r.legendPosition = quint8(k);
-        else if (w.startsWith(QLatin1Char('F')))
-            r.lineFlags[k] = quint32(v);
-        else if (w.startsWith(QLatin1Char('D')))
-            r.decimals[k] = quint8(v);
+    for (auto it = values.begin(); it != values.end(); ++it) {
+        QWidget *w = child<QWidget>(d, it.key());
+        w->metaObject()->userProperty().write(w, it.value());
     }
+}
+
+void setIndex(QDialog &d, int number)
+{
+    child<QSpinBox>(d, QStringLiteral("spinIndex"))->setValue(number);
+}
+
+void press(QDialog &d, QDialogButtonBox::StandardButton button)
+{
+    child<QDialogButtonBox>(d, QStringLiteral("buttonBox"))->button(button)->click();
+}
+
+// A chart widget opened from a saved project of eight data sets of 20
+// samples a minute apart (set 1 hidden; sets 0..5 with an axis, 6 and 7
+// without), after before() has changed the record. Records the message
+// boxes, the help pages asked for and whether the project was marked
+// modified.
+struct OpenChart {
     QTemporaryDir dir;
     QString path = dir.filePath(QStringLiteral("p.qvj")), projectDir, importDir;
     QWidget panel;
-    QVChartClass chart(nullptr, &projectDir, &importDir, new QGridLayout(&panel));
-    chart.resize(1200, 800);
-    if (!g_saveProjectFile(*model, path, SaveOptions()).ok || !chart.m_openProject(&path))
-        return QStringLiteral("cannot open");
-    settingsT &live = chart.model().settings;
-    if (zoom)  // Z and R go to the open chart: loading resets them
-        live.viewBegin = kStart + 5 * kMinute, live.viewEnd = kStart + 10 * kMinute;
-    if (range)
-        live.rangeEnd = kStart + 12 * kMinute;
-
+    QVChartClass chart{nullptr, &projectDir, &importDir, new QGridLayout(&panel)};
     qvtest::ScriptedDialogs dialogs;
-    QString seen;
-    QObject::connect(&chart, &QVChartClass::m_showHelp,
-                     [&](QWidget *, QString *page) { seen += *page + QLatin1Char(' '); });
-    QObject::connect(&chart, &QVChartClass::m_projectChanged, [&] { seen += QLatin1String(" modified"); });
-    QString colour;
-    dialogs.onExec = [&](QDialog &d) {
-        if (auto *chooser = qobject_cast<QColorDialog *>(&d)) {
-            seen += chooser->windowTitle() + QLatin1Char(' ');
-            chooser->setCurrentColor(QColor::fromRgba(colour.toUInt(nullptr, 16)));
-            chooser->accept();
-            return d.result();
-        }
-        d.show();
-        auto *buttons = child<QDialogButtonBox>(d, QStringLiteral("buttonBox"));
-        auto *colorButton = d.findChild<ColorButtonClass *>();
-        for (const QString &w : words) {
-            const QString arg = w.section(QLatin1Char(':'), 1);
-            if (w.startsWith(QLatin1Char('i')))
-                child<QSpinBox>(d, QStringLiteral("spinIndex"))->setValue(w.mid(1).toInt());
-            else if (w.startsWith(QLatin1Char('e')) || w.startsWith(QLatin1Char('a')))
-                child<QCheckBox>(d, QLatin1String(w.startsWith(QLatin1Char('e')) ? "checkEnabled" : "checkAxis"))
-                    ->setChecked(w.endsWith(QLatin1Char('1')));
-            else if (w.startsWith(QLatin1String("min:")))
-                child<QDoubleSpinBox>(d, QStringLiteral("spinMin"))->setValue(arg.toDouble());
-            else if (w.startsWith(QLatin1String("max:")))
-                child<QDoubleSpinBox>(d, QStringLiteral("spinMax"))->setValue(arg.toDouble());
-            else if (w.startsWith(QLatin1String("dec:")))
-                child<QSpinBox>(d, QStringLiteral("spinDecimals"))->setValue(arg.toInt());
-            else if (w.startsWith(QLatin1String("name:")))
-                child<QLineEdit>(d, QStringLiteral("editName"))->setText(arg);
-            else if (w.startsWith(QLatin1String("begin:")) || w.startsWith(QLatin1String("end:")))
-                child<QDateEdit>(d, w.startsWith(QLatin1Char('b')) ? QStringLiteral("dateBegin")
-                                                                   : QStringLiteral("dateEnd"))
-                    ->setDate(QDateTime::fromMSecsSinceEpoch(kStart).date().addDays(arg.toInt()));
-            else if (w.startsWith(QLatin1String("color:")))
-                colour = arg, colorButton->click();
-            else if (w == QLatin1String("?open"))
-                seen += QLatin1String(d.isVisible() ? "open " : "closed ");
-            else if (w == QLatin1String("?form"))
-                seen += QStringLiteral("form %1/%2 %3 %4 ")
-                            .arg(child<QSpinBox>(d, QStringLiteral("spinIndex"))->value())
-                            .arg(qobject_cast<SettingsDialogClass *>(&d)->m_currentIndex())
-                            .arg(child<QLineEdit>(d, QStringLiteral("editName"))->text())
-                            .arg(child<QDoubleSpinBox>(d, QStringLiteral("spinMin"))->decimals());
-            else
-                buttons
-                    ->button(w == QLatin1String("ok")       ? QDialogButtonBox::Ok
-                             : w == QLatin1String("cancel") ? QDialogButtonBox::Cancel
-                                                            : QDialogButtonBox::Help)
-                    ->click();
-        }
-        seen += QLatin1String(d.isVisible() ? "open" : "closed");
-        return d.result();
-    };
-    if (what == QLatin1String("chart"))
-        chart.s_formatChart();
-    else
-        child<QToolButton>(panel, QStringLiteral("setupButton") + what.mid(3))->click();
-    qvtest::flushDeletions();
-    for (const MessageRecord &m : dialogs.messages)
-        seen += QStringLiteral("; %1: %2").arg(m.title, m.text);
+    QStringList help;
+    bool modified = false;
+    quint32 pick = 0;  // what the colour chooser returns
 
-    // What a saved project holds now.
-    ChartModel back;
-    if (!g_saveProjectFile(chart.model(), path, SaveOptions()).ok || !g_loadProjectFile(back, path, nullptr).ok)
-        return seen + QLatin1String(" cannot save");
-    const settingsT &s = back.settings;
-    for (const QString &c : checks) {
-        if (c.startsWith(QLatin1String("set"))) {
-            const int i = c.mid(3).toInt();
-            auto *box = child<ElidedCheckBox>(panel, QStringLiteral("enableBox%1").arg(i));
-            seen +=
-                QString::asprintf(" | %d %g %g f%u d%d %08x %s box %s%c", i, s.axisMin[i], s.axisMax[i], s.lineFlags[i],
-                                  s.decimals[i], s.color[i], qPrintable(g_buffer2QString(s.name[i], kNameWidth)),
-                                  qPrintable(box->fullText()), box->isChecked() ? '+' : '-');
-        } else if (c == QLatin1String("range")) {
-            seen += QStringLiteral(" | range %1 view %2 (%3)")
-                        .arg(minutes(live.rangeBegin, live.rangeEnd), minutes(live.viewBegin, live.viewEnd))
-                        .arg(live.rangeSampleCount);
-        } else if (c == QLatin1String("legend")) {
-            seen += QStringLiteral(" | legend %1 type %2 flags %3").arg(s.legendPosition).arg(s.lineType).arg(s.flags);
-        }
+    explicit OpenChart(const std::function<void(settingsT &)> &before = nullptr)
+    {
+        auto model = qvtest::makeModel(8, false);
+        if (before)
+            before(model->settings);
+        chart.resize(1200, 800);
+        if (!g_saveProjectFile(*model, path, SaveOptions()).ok || !chart.m_openProject(&path))
+            qFatal("cannot open the project");
+        QObject::connect(&chart, &QVChartClass::m_showHelp, [this](QWidget *, QString *page) { help << *page; });
+        QObject::connect(&chart, &QVChartClass::m_projectChanged, [this] { modified = true; });
     }
-    return seen;
-}
+    settingsT &live() { return chart.model().settings; }
+
+    // Runs the chart settings (row < 0) or the dialog of that row, shown, and
+    // work on its widgets; true when the dialog has closed by then.
+    bool run(int row, const std::function<void(QDialog &)> &work)
+    {
+        bool closed = false;
+        dialogs.onExec = [&](QDialog &d) {
+            if (auto *chooser = qobject_cast<QColorDialog *>(&d)) {
+                chooser->setCurrentColor(QColor::fromRgba(pick));
+                chooser->accept();
+            } else {
+                d.show();
+                work(d);
+                closed = !d.isVisible();
+            }
+            return d.result();
+        };
+        if (row < 0)
+            chart.s_formatChart();
+        else
+            child<QToolButton>(panel, QStringLiteral("setupButton%1").arg(row))->click();
+        qvtest::flushDeletions();
+        dialogs.onExec = nullptr;  // it refers to this call's locals
+        return closed;
+    }
+
+    // The record as a saved project gives it back; null when that fails.
+    std::unique_ptr<ChartModel> saved()
+    {
+        auto back = std::make_unique<ChartModel>();
+        if (!g_saveProjectFile(chart.model(), path, SaveOptions()).ok || !g_loadProjectFile(*back, path, nullptr).ok)
+            back.reset();
+        return back;
+    }
+};
 
 }  // namespace
 
@@ -180,111 +141,281 @@ class TestDialogs : public QObject
 
 private slots:
     void initTestCase() { qvtest::prepareShell(scratch); }
-    void settings_data();
-    void settings();
-    void colorWidgets_data();
-    void colorWidgets();
-};
 
-void TestDialogs::settings_data()
-{
-    QTest::addColumn<QString>("script");
-    QTest::addColumn<QString>("expected");
-    const QString noData = QStringLiteral("; Error: At least 1 set of data must be displayed !");
-    const QString noAxis = QStringLiteral("; Error: At least 1 axis must be displayed !");
-    const QString tooMany = QStringLiteral("; Error: It's not possible displaying more than 6 axis !");
-    // clang-format off
-    QTest::newRow("nothing shown: refused, stays open; Cancel keeps the project")
-        << "chart e0 i3 e0 i4 e0 i5 e0 i6 e0 i7 e0 i8 e0 ok ?form ?open cancel => set0"
-        << QLatin1String("form 8/6 Set 6 0 open closed") + noData + QLatin1String(" | 0 0 0 f3 d0 ff0088cc Set 0 box Set 0+");
-    QTest::newRow("disabled sets with an axis are no axes")
-        << "chart a0 i3 a0 i4 a0 i5 a0 i6 a0 ok" << QLatin1String("open") + noAxis;
-    QTest::newRow("six axes pass") << "chart i7 a1 ok => set6" << "closed modified | 6 -0.5 0.5 f3 d0 ff0000cc Set 6 box Set 6+";
-    QTest::newRow("seven axes are refused") << "chart i7 a1 i8 a1 ok ?form" << QLatin1String("form 8/6 Set 6 0 open") + tooMany;
-    QTest::newRow("limits closer than 1.0 widen; the record comes back from the file")
-        << "chart D0=1 min:10 max:10.5 i3 min:20 max:5 ok => set0 set2"
-        << "closed modified | 0 9.5 11 f3 d1 ff0088cc Set 0 box Set 0+ | 2 19.5 20.5 f3 d0 ff00aa00 Set 2 box Set 2+";
-    QTest::newRow("name, decimals, colour; the row box follows")
-        << "chart i2 e1 name:Aussen dec:3 ?form i1 i2 ?form color:80ff0000 ok => set1"
-        << "form 2/1 Aussen 0 form 2/1 Aussen 3 Select Color closed modified | 1 -0.5 0.5 f3 d3 ffff0000 Aussen box Aussen+";
-    QTest::newRow("the flag word is replaced whole")
-        << "chart F3=15 i4 a0 ok => set3" << "closed modified | 3 -0.5 0.5 f5 d0 ff4444cc Set 3 box Set 3+";
-    QTest::newRow("after a refusal on the second set the form shows the first")
-        << "chart e0 i3 e0 i4 e0 i5 e0 i6 e0 i7 e0 i8 e0 i2 ok ?form" << QLatin1String("form 2/0 Set 0 0 open") + noData;
-    QTest::newRow("after a refusal on the first set no set is current, fields kept")
-        << "chart a0 i3 a0 i4 a0 i5 a0 i6 a0 i1 ok ?form ok ?form"
-        << QLatin1String("form 1/-1 Set 0 0 form 1/-1 Set 0 0 open") + noAxis + noAxis;
-    QTest::newRow("begin after end: the whole recording, zoom reset")
-        << "chart Z begin:1 ok => range" << "closed modified | range 0-19 view 0-19 (20)";
-    QTest::newRow("begin before the recording: raised, zoom reset")
-        << "chart Z begin:-1 ok => range" << "closed modified | range 0-19 view 0-19 (20)";
-    QTest::newRow("range left alone: the zoom stays, samples recounted")
-        << "chart Z R ok => range" << "closed modified | range 0-12 view 5-10 (13)";
-    QTest::newRow("legend 7 shows None and goes back as 0") << "chart L7 ok => legend" << "closed modified | legend 0 type 1 flags 1";
-    QTest::newRow("help, then Cancel: nothing copied back")
-        << "chart name:X min:50 help cancel => set0" << "settings.html closed | 0 0 0 f3 d0 ff0088cc Set 0 box Set 0+";
-    QTest::newRow("row: limits 3/3 widen")
-        << "row2 min:3 max:3 name:Innen ok => set2" << "closed modified | 2 2.5 3.5 f3 d0 ff00aa00 Innen box Innen+";
-    QTest::newRow("row: a seventh axis is refused") << "row7 F6=3 a1 ok" << QLatin1String("open") + tooMany;
-    QTest::newRow("row: the only shown set unticked is refused, Cancel discards")
-        << "row0 F2=0 F3=0 F4=0 F5=0 F6=0 F7=0 e0 ok ?open cancel => set0"
-        << QLatin1String("open closed") + noData + QLatin1String(" | 0 0 0 f3 d0 ff0088cc Set 0 box Set 0+");
-    QTest::newRow("row: a hidden set shown through its dialog ticks its box")
-        << "row1 e1 a1 help ok => set1" << "settings.html closed modified | 1 -0.5 0.5 f3 d0 ffcc8800 Set 1 box Set 1+";
-    // clang-format on
-}
+    // OK on a record the chart cannot draw shows the reason, Help asks for the
+    // help page; either leaves the dialog open, and Cancel then leaves the
+    // chart as it was.
+    void openThenCancel_data()
+    {
+        QTest::addColumn<int>("row");             // the row's dialog, -1: the chart settings
+        QTest::addColumn<QList<int>>("flagged");  // sets given these line flags first
+        QTest::addColumn<quint32>("flags");
+        QTest::addColumn<QVariantMap>("change");  // made on the shown set, then on these form numbers
+        QTest::addColumn<QList<int>>("sets");
+        QTest::addColumn<QDialogButtonBox::StandardButton>("button");
+        QTest::addColumn<QString>("expected");  // the message box ("title: text") or the help page
+        const QVariantMap unshow = fields({{"checkEnabled", false}}), noAxis = fields({{"checkAxis", false}});
+        const QVariantMap axis = fields({{"checkAxis", true}});
+        const QVariantMap edits = fields({{"editName", QStringLiteral("X")}, {"spinMin", 50.0}});
+        const auto ok = QDialogButtonBox::Ok, help = QDialogButtonBox::Help;
+        const QList<int> none;
+        // clang-format off
+        QTest::newRow("nothing shown") << -1 << none << 0u << unshow << QList<int>{3, 4, 5, 6, 7, 8} << ok << kNoData;
+        QTest::newRow("disabled sets with an axis are no axes") << -1 << none << 0u << noAxis << QList<int>{3, 4, 5, 6} << ok << kNoAxis;
+        QTest::newRow("seven axes") << -1 << none << 0u << axis << QList<int>{7, 8} << ok << kTooMany;
+        QTest::newRow("help") << -1 << none << 0u << edits << none << help << "settings.html";
+        QTest::newRow("row: a seventh axis") << 7 << QList<int>{6} << 3u << axis << none << ok << kTooMany;
+        QTest::newRow("row: the only shown set unticked") << 0 << QList<int>{2, 3, 4, 5, 6, 7} << 0u << unshow << none << ok << kNoData;
+        QTest::newRow("row: help") << 0 << none << 0u << edits << none << help << "settings.html";
+        // clang-format on
+    }
+    void openThenCancel()
+    {
+        QFETCH(int, row);
+        QFETCH(QList<int>, flagged);
+        QFETCH(quint32, flags);
+        QFETCH(QVariantMap, change);
+        QFETCH(QList<int>, sets);
+        QFETCH(QDialogButtonBox::StandardButton, button);
+        OpenChart c([&](settingsT &s) {
+            for (int set : flagged)
+                s.lineFlags[set] = flags;
+        });
+        const settingsT before = c.live();
+        QVERIFY(c.run(row, [&](QDialog &d) {
+            fill(d, change);
+            for (int number : sets) {
+                setIndex(d, number);
+                fill(d, change);
+            }
+            press(d, button);
+            QVERIFY(d.isVisible());
+            press(d, QDialogButtonBox::Cancel);
+        }));
+        QStringList shown = c.help;
+        for (const MessageRecord &m : c.dialogs.messages)
+            shown << m.title + QLatin1String(": ") + m.text;
+        QFETCH(QString, expected);
+        QCOMPARE(shown, QStringList{expected});
+        QVERIFY(!c.modified);
+        QVERIFY(std::memcmp(&c.live(), &before, sizeof before) == 0);
+    }
 
-void TestDialogs::settings()
-{
-    QFETCH(QString, script);
-    QFETCH(QString, expected);
-    QCOMPARE(run(script), expected);
-}
+    // A refused OK stores the shown set and moves the form one set down (kept
+    // as it always was; it shows only while the dialog stays open). From the
+    // first set no set is current and the fields stay, also on a second OK.
+    void formAfterRefusal_data()
+    {
+        QTest::addColumn<int>("okAt");  // the form number shown at OK
+        QTest::addColumn<int>("presses");
+        QTest::addColumn<int>("current");   // the set the form then edits, -1: none
+        QTest::addColumn<QString>("name");  // the name field then
+        QTest::newRow("last set") << 8 << 1 << 6 << "Set 6";
+        QTest::newRow("second set") << 2 << 1 << 0 << "Set 0";
+        QTest::newRow("first set, twice") << 1 << 2 << -1 << "Set 0";
+    }
+    void formAfterRefusal()
+    {
+        QFETCH(int, okAt);
+        QFETCH(int, presses);
+        OpenChart c;
+        c.run(-1, [&](QDialog &d) {
+            for (int n = 1; n <= 8; ++n) {  // nothing shown: refused
+                setIndex(d, n);
+                fill(d, fields({{"checkEnabled", false}}));
+            }
+            setIndex(d, okAt);
+            for (int i = 0; i < presses; ++i)
+                press(d, QDialogButtonBox::Ok);
+            QCOMPARE(child<QSpinBox>(d, QStringLiteral("spinIndex"))->value(), okAt);
+            QTEST(qobject_cast<SettingsDialogClass *>(&d)->m_currentIndex(), "current");
+            QTEST(child<QLineEdit>(d, QStringLiteral("editName"))->text(), "name");
+        });
+        QCOMPARE(c.dialogs.messages.size(), presses);
+    }
 
-// "button WxH colour": the swatch's centre and the pixel 3 in from the
-// corner, and what the button returns. "draw buttons": which signals a
-// press and a move with those buttons held give.
-void TestDialogs::colorWidgets_data()
-{
-    QTest::addColumn<QString>("input");
-    QTest::addColumn<QString>("expected");
-    // clang-format off
-    QTest::newRow("alpha 0 painted opaque") << "button 40 20 00ff0000" << "swatch 00ff0000";
-    QTest::newRow("too small for a swatch") << "button 8 8 ff0000ff" << "face ff0000ff";
-    QTest::newRow("left press while right held") << "draw 3" << "pressed";
-    QTest::newRow("left only") << "draw 1" << "pressed moved";
-    QTest::newRow("right only") << "draw 2" << "";
-    // clang-format on
-}
+    // What a set's fields store once OK is pressed: the chart takes the
+    // record, the row box follows, and a saved project holds it.
+    void seriesFields_data()
+    {
+        QTest::addColumn<bool>("fromRow");  // the set's own dialog, else the chart settings
+        QTest::addColumn<int>("set");
+        QTest::addColumn<quint32>("flags");  // the set's line flags and decimals before
+        QTest::addColumn<int>("decimals");
+        QTest::addColumn<QVariantMap>("edits");
+        QTest::addColumn<quint32>("pick");  // a colour picked through the chooser, 0: none
+        QTest::addColumn<double>("min");    // what the saved set then holds
+        QTest::addColumn<double>("max");
+        QTest::addColumn<quint32>("storedFlags");
+        QTest::addColumn<int>("storedDecimals");
+        QTest::addColumn<quint32>("color");
+        QTest::addColumn<QString>("name");
+        const auto innen = QStringLiteral("Innen"), aussen = QStringLiteral("Aussen");
+        // clang-format off
+        QTest::newRow("a sixth axis passes") << false << 6 << 1u << 0 << fields({{"checkAxis", true}}) << 0u << -0.5 << 0.5 << 3u << 0 << 0xff0000ccu << "Set 6";
+        QTest::newRow("limits closer than 1.0 widen") << false << 0 << 3u << 1 << fields({{"spinMin", 10.0}, {"spinMax", 10.5}}) << 0u << 9.5 << 11.0 << 3u << 1 << 0xff0088ccu << "Set 0";
+        QTest::newRow("a maximum below the minimum is raised first") << false << 2 << 3u << 0 << fields({{"spinMin", 20.0}, {"spinMax", 5.0}}) << 0u << 19.5 << 20.5 << 3u << 0 << 0xff00aa00u << "Set 2";
+        QTest::newRow("name, decimals, an opaque colour") << false << 1 << 2u << 0 << fields({{"checkEnabled", true}, {"editName", aussen}, {"spinDecimals", 3}}) << 0x80ff0000u << -0.5 << 0.5 << 3u << 3 << 0xffff0000u << "Aussen";
+        QTest::newRow("the flag word is replaced whole") << false << 3 << 15u << 0 << fields({{"checkAxis", false}}) << 0u << -0.5 << 0.5 << 5u << 0 << 0xff4444ccu << "Set 3";
+        QTest::newRow("row: limits 3/3 widen, a name") << true << 2 << 3u << 0 << fields({{"spinMin", 3.0}, {"spinMax", 3.0}, {"editName", innen}}) << 0u << 2.5 << 3.5 << 3u << 0 << 0xff00aa00u << "Innen";
+        QTest::newRow("row: a hidden set shown ticks its box") << true << 1 << 2u << 0 << fields({{"checkEnabled", true}, {"checkAxis", true}}) << 0u << -0.5 << 0.5 << 3u << 0 << 0xffcc8800u << "Set 1";
+        // clang-format on
+    }
+    void seriesFields()
+    {
+        QFETCH(bool, fromRow);
+        QFETCH(int, set);
+        QFETCH(quint32, flags);
+        QFETCH(int, decimals);
+        QFETCH(QVariantMap, edits);
+        OpenChart c([&](settingsT &s) {
+            s.lineFlags[set] = flags;
+            s.decimals[set] = quint8(decimals);
+        });
+        QFETCH(quint32, pick);
+        c.pick = pick;
+        QVERIFY(c.run(fromRow ? set : -1, [&](QDialog &d) {
+            if (!fromRow)
+                setIndex(d, set + 1);
+            fill(d, edits);
+            if (pick)
+                d.findChild<ColorButtonClass *>()->click();
+            press(d, QDialogButtonBox::Ok);
+        }));
+        QVERIFY(c.modified);
+        QVERIFY(c.dialogs.messages.isEmpty());
+        const auto back = c.saved();
+        QVERIFY(back);
+        const settingsT &s = back->settings;
+        QTEST(s.axisMin[set], "min");
+        QTEST(s.axisMax[set], "max");
+        QTEST(s.lineFlags[set], "storedFlags");
+        QTEST(int(s.decimals[set]), "storedDecimals");
+        QTEST(s.color[set], "color");
+        QTEST(g_buffer2QString(s.name[set], kNameWidth), "name");
+        auto *box = child<ElidedCheckBox>(c.panel, QStringLiteral("enableBox%1").arg(set));
+        QTEST(box->fullText(), "name");
+        QCOMPARE(box->isChecked(), bool(s.lineFlags[set] & kLineShown));
+    }
 
-void TestDialogs::colorWidgets()
-{
-    QFETCH(QString, input);
-    const QStringList a = input.split(QLatin1Char(' '));
-    QStringList got;
-    if (a[0] == QLatin1String("button")) {
+    // The limit boxes take new decimals only once the set has been stored and
+    // shown again; leaving a set stores its fields.
+    void limitDecimalsFollowOnceStored()
+    {
+        OpenChart c;
+        QVERIFY(c.run(-1, [&](QDialog &d) {
+            setIndex(d, 2);
+            fill(d, fields({{"editName", QStringLiteral("Aussen")}, {"spinDecimals", 3}}));
+            auto *min = child<QDoubleSpinBox>(d, QStringLiteral("spinMin"));
+            QCOMPARE(min->decimals(), 0);
+            setIndex(d, 1);
+            setIndex(d, 2);
+            QCOMPARE(min->decimals(), 3);
+            QCOMPARE(child<QLineEdit>(d, QStringLiteral("editName"))->text(), QStringLiteral("Aussen"));
+            press(d, QDialogButtonBox::Cancel);
+        }));
+    }
+
+    // The begin date of the recorded range, with a zoom window of minutes
+    // 5-10 on the open chart; times in minutes from the first sample.
+    void range_data()
+    {
+        QTest::addColumn<int>("endBefore");  // the open chart's range end (loading gives 19)
+        QTest::addColumn<int>("beginDays");  // the begin date moved by days
+        QTest::addColumn<int>("begin");
+        QTest::addColumn<int>("end");
+        QTest::addColumn<int>("viewBegin");
+        QTest::addColumn<int>("viewEnd");
+        QTest::addColumn<int>("samples");  // in the range
+        QTest::newRow("begin after end: the whole recording, zoom reset") << 19 << 1 << 0 << 19 << 0 << 19 << 20;
+        QTest::newRow("begin before the recording: raised, zoom reset") << 19 << -1 << 0 << 19 << 0 << 19 << 20;
+        QTest::newRow("range left alone: the zoom stays, samples recounted") << 12 << 0 << 0 << 12 << 5 << 10 << 13;
+    }
+    void range()
+    {
+        QFETCH(int, endBefore);
+        QFETCH(int, beginDays);
+        OpenChart c;
+        settingsT &live = c.live();
+        live.viewBegin = kStart + 5 * kMinute, live.viewEnd = kStart + 10 * kMinute;
+        live.rangeEnd = kStart + endBefore * kMinute;
+        const QDate day = QDateTime::fromMSecsSinceEpoch(kStart).date().addDays(beginDays);
+        QVERIFY(c.run(-1, [&](QDialog &d) {
+            fill(d, fields({{"dateBegin", day}}));
+            press(d, QDialogButtonBox::Ok);
+        }));
+        QVERIFY(c.modified);
+        QTEST(int((live.rangeBegin - kStart) / kMinute), "begin");
+        QTEST(int((live.rangeEnd - kStart) / kMinute), "end");
+        QTEST(int((live.viewBegin - kStart) / kMinute), "viewBegin");
+        QTEST(int((live.viewEnd - kStart) / kMinute), "viewEnd");
+        QTEST(int(live.rangeSampleCount), "samples");
+    }
+
+    // A stored legend position of 7 shows as None and goes back as 0.
+    void legendBeyondNone()
+    {
+        OpenChart c([](settingsT &s) { s.legendPosition = 7; });
+        QVERIFY(c.run(-1, [](QDialog &d) { press(d, QDialogButtonBox::Ok); }));
+        QVERIFY(c.modified);
+        const auto back = c.saved();
+        QVERIFY(back);
+        QCOMPARE(back->settings.legendPosition, quint8(0));
+        QCOMPARE(back->settings.lineType, quint8(1));
+        QCOMPARE(back->settings.flags, kFlagShowTitle);
+    }
+
+    // The swatch: its centre shows the colour opaque, unlike the pixel 3 in
+    // from the corner; too small a button shows its face only. The colour
+    // comes back as it was set.
+    void colorButton_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<quint32>("color");
+        QTest::addColumn<bool>("swatch");
+        QTest::newRow("alpha 0 painted opaque") << QSize(40, 20) << 0x00ff0000u << true;
+        QTest::newRow("too small for a swatch") << QSize(8, 8) << 0xff0000ffu << false;
+    }
+    void colorButton()
+    {
+        QFETCH(QSize, size);
+        QFETCH(quint32, color);
         ColorButtonClass button;
-        button.resize(a[1].toInt(), a[2].toInt());
-        button.m_setColor(a[3].toUInt(nullptr, 16));
+        button.resize(size);
+        button.m_setColor(color);
         const QImage image = button.grab().toImage();
         const QRgb centre = image.pixel(image.width() / 2, image.height() / 2), edge = image.pixel(3, 3);
-        got << (centre == (button.m_getColor() | 0xFF000000u) && centre != edge ? QStringLiteral("swatch")
-                                                                                : QStringLiteral("face"))
-            << QStringLiteral("%1").arg(button.m_getColor(), 8, 16, QLatin1Char('0'));
-    } else {
+        QTEST(centre == (color | 0xFF000000u) && centre != edge, "swatch");
+        QCOMPARE(button.m_getColor(), color);
+    }
+
+    // A press and a move with these mouse buttons held.
+    void drawSurface_data()
+    {
+        QTest::addColumn<int>("held");
+        QTest::addColumn<bool>("pressed");
+        QTest::addColumn<bool>("moved");
+        QTest::newRow("left press while right held") << int(Qt::LeftButton | Qt::RightButton) << true << false;
+        QTest::newRow("left only") << int(Qt::LeftButton) << true << true;
+        QTest::newRow("right only") << int(Qt::RightButton) << false << false;
+    }
+    void drawSurface()
+    {
+        QFETCH(int, held);
         DrawColorClass surface;
-        connect(&surface, &DrawColorClass::mousePressed, [&] { got << QStringLiteral("pressed"); });
-        connect(&surface, &DrawColorClass::mouseMoved, [&] { got << QStringLiteral("moved"); });
-        const auto held = Qt::MouseButtons(a[1].toInt());
-        const Qt::MouseButton cause = held & Qt::LeftButton ? Qt::LeftButton : Qt::RightButton;
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), cause, held, Qt::NoModifier);
-        QMouseEvent move(QEvent::MouseMove, QPointF(6, 6), Qt::NoButton, held, Qt::NoModifier);
+        bool pressed = false, moved = false;
+        connect(&surface, &DrawColorClass::mousePressed, [&] { pressed = true; });
+        connect(&surface, &DrawColorClass::mouseMoved, [&] { moved = true; });
+        const auto buttons = Qt::MouseButtons(held);
+        const Qt::MouseButton cause = buttons & Qt::LeftButton ? Qt::LeftButton : Qt::RightButton;
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), cause, buttons, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(6, 6), Qt::NoButton, buttons, Qt::NoModifier);
         QCoreApplication::sendEvent(&surface, &press);
         QCoreApplication::sendEvent(&surface, &move);
+        QTEST(pressed, "pressed");
+        QTEST(moved, "moved");
     }
-    QFETCH(QString, expected);
-    QCOMPARE(got.join(QLatin1Char(' ')), expected);
-}
+};
 
 QTEST_MAIN(TestDialogs)
 #include "tst_dialogs.moc"
