@@ -18,25 +18,9 @@
 #include "gui/chart/tooltipclass.h"
 #include "support/testsupport.h"
 
-#include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QPrintPreviewWidget>
-#include <QPushButton>
-#include <QTableView>
-#include <QGraphicsSimpleTextItem>
-#include <QGraphicsScene>
-#include <QGridLayout>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QMouseEvent>
-#include <QWheelEvent>
-#include <QtCharts/QAreaSeries>
-#include <QtCharts/QChart>
-#include <QtCharts/QDateTimeAxis>
-#include <QtCharts/QLegend>
-#include <QtCharts/QLegendMarker>
-#include <QtCharts/QLineSeries>
-#include <QtCharts/QValueAxis>
+#include <QtCharts>
+#include <QtPrintSupport>
+#include <QtWidgets>
 #include <QtTest>
 
 #include <functional>
@@ -58,14 +42,6 @@ using Times = QVector<qint64>;
 qint64 minute(int k)
 {
     return kStart + k * kMinute;
-}
-
-Times tens(int count)  // 0, 10, 20, ...
-{
-    Times t;
-    for (int k = 0; k < count; ++k)
-        t << 10 * k;
-    return t;
 }
 
 qint64 march(int day, int hour, int minute, int second = 0)  // local time in March 2026
@@ -102,9 +78,9 @@ void fill(_chartDataType &store, const Times &times, const Doubles &values)
         store.time[k] = times[k], store.value[k] = values.value(k);
 }
 
-// Data sets "Set i" (unit "u<i>", i mod 3 decimals, axis -i..100+i), one
-// sample a minute, value 10 i + (k mod 20) / 2; the whole range selected.
-// The unit of the data set celsius (if any) is °C.
+// Data sets "Set i" (unit "u<i>", i mod 3 decimals, axis -i..100+i, the
+// default colours), one sample a minute, value 10 i + (k mod 20) / 2; the
+// whole range selected. The unit of the data set celsius (if any) is °C.
 std::unique_ptr<ChartModel> makeModel(int dataSets, int samples, const Ints &shown, int celsius = -1)
 {
     auto model = std::make_unique<ChartModel>();
@@ -119,10 +95,8 @@ std::unique_ptr<ChartModel> makeModel(int dataSets, int samples, const Ints &sho
         s.decimals[i] = quint8(i % 3);
         s.axisMin[i] = -i;
         s.axisMax[i] = 100 + i;
-        s.color[i] = 0xFF000000u | (0x203040u * quint32(i + 1));
-    }
-    for (int i = 0; i < kMaxDataSets; ++i)
         s.lineFlags[i] = shown.contains(i) ? s.lineFlags[i] | kLineShown : s.lineFlags[i] & ~kLineShown;
+    }
     s.firstTime = s.rangeBegin = s.viewBegin = minute(0);
     s.lastTime = s.rangeEnd = s.viewEnd = minute(samples - 1);
     model->recountRange();
@@ -232,6 +206,8 @@ struct Step {
     Change change;
 };
 
+// Four data sets of 1000 samples, all shown (set 1 in °C, missing at sample
+// 500), with states 5, then 12 from sample 250: in vaporix mode state bands.
 std::unique_ptr<ChartModel> liveModel(bool vaporix)
 {
     auto model = makeModel(4, 1000, {0, 1, 2, 3}, 1);
@@ -245,9 +221,7 @@ std::unique_ptr<ChartModel> liveModel(bool vaporix)
     return model;
 }
 
-// The chart widget, shown, on four shown data sets of 1000 samples (set 1 in
-// °C, missing at sample 500; states 5, then 12 from sample 250), the state
-// bands drawn in vaporix mode; x is a fraction of the plot width.
+// The chart widget, shown, on the live model; x is a fraction of the plot width.
 struct Live : Widget {
     explicit Live(bool vaporix) : Widget(*liveModel(vaporix)) { chart.show(); }
     QPointF at(double x)
@@ -274,8 +248,7 @@ struct Live : Widget {
                   event == Press ? Qt::LeftButton : Qt::NoButton, Qt::LeftButton);
         } else {
             const Qt::Key keys[] = {Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Left, Qt::Key_Right, Qt::Key_Home};
-            QKeyEvent key(QEvent::KeyPress, keys[event - KeyPlus], Qt::NoModifier);
-            QApplication::sendEvent(&chart, &key);
+            QTest::keyClick(&chart, keys[event - KeyPlus]);
         }
         // A drag step shows two pixels less than a wheel step: not a zoom.
         const qint64 width1 = s.viewEnd - s.viewBegin;
@@ -310,12 +283,12 @@ struct Live : Widget {
         }
         return colour;
     }
-    // Hovering a sample of a data set's series: the text of every callout,
-    // empty for a hidden one.
-    QStringList callout(int dataSet, int sample, double value, bool entering)
+    // Hovering a sample of data set 1 (°C): the text of every callout, empty
+    // for a hidden one.
+    QStringList callout(int sample, double value, bool entering)
     {
         const QList<QAbstractSeries *> series = chart.chart()->series();
-        auto *xy = qobject_cast<QXYSeries *>(series[series.size() - 4 + dataSet]);
+        auto *xy = qobject_cast<QXYSeries *>(series[series.size() - 3]);
         emit xy->hovered(QPointF(double(minute(sample)), value), entering);
         QStringList shown;
         for (QGraphicsItem *item : chart.scene()->items()) {
@@ -326,17 +299,17 @@ struct Live : Widget {
     }
 };
 
-// A wheel or drag window against the row's outcome and, for a zoom, its
-// pixels and their times.
-void checkWindow(const PixelWindow &w, double perPixel)
+// A wheel or drag window, 1000 ms a pixel, against the row's outcome and,
+// for a zoom, its pixels and their times.
+const PixelToTime pixelTime = [](int pixel) { return pixel * 1000LL; };
+void checkWindow(const PixelWindow &w)
 {
-    const int left = fetch<int>("left"), right = fetch<int>("right");
     QCOMPARE(w.outcome, fetch<PixelWindow::Outcome>("outcome"));
     if (w.outcome == PixelWindow::Zoom) {
-        QCOMPARE(w.left, left);
-        QCOMPARE(w.right, right);
-        QCOMPARE(w.begin, qint64(left * perPixel));
-        QCOMPARE(w.end, qint64(right * perPixel));
+        QCOMPARE(w.left, fetch<int>("left"));
+        QCOMPARE(w.right, fetch<int>("right"));
+        QCOMPARE(w.begin, pixelTime(w.left));
+        QCOMPARE(w.end, pixelTime(w.right));
     }
 }
 
@@ -360,8 +333,7 @@ private slots:
         QTest::addColumn<int>("group");
         QTest::newRow("5000 spline") << 5000 << false << 2 << 12;
         QTest::newRow("2048 fits") << 2048 << false << 1 << 1;
-        QTest::newRow("2049 halves") << 2049 << false << 1 << 2;
-        QTest::newRow("4097 print") << 4097 << true << 1 << 2;
+        QTest::newRow("4096 fit in print") << 4096 << true << 1 << 1;
         QTest::newRow("largest count") << 2147483647 << false << 1 << 1048065;
     }
     void groupSize()
@@ -372,46 +344,40 @@ private slots:
 
     void reduction_data()
     {
-        QTest::addColumn<Times>("times");
+        QTest::addColumn<Times>("times");     // the state of each sample is its index
         QTest::addColumn<Doubles>("values");  // 0 where none is given
-        QTest::addColumn<Ints>("states");
         QTest::addColumn<qint64>("begin");
         QTest::addColumn<qint64>("end");
         QTest::addColumn<int>("group");
         QTest::addColumn<int>("count");  // the stored count; 0: one per time
         QTest::addColumn<QVector<Point>>("points");
-        const Doubles eight{1, 2, 3, 4, 5, 6, 7, 8};
+        const Times eight{0, 10, 20, 30, 40, 50, 60, 70};
         // clang-format off
-        QTest::newRow("exactly g samples give no point") << tens(3) << Doubles{1, 2, 3} << Ints{} << -kWide << kWide << 3 << 0 << QVector<Point>{};
-        QTest::newRow("g + 1 give a point, state k + 1, sum in order") << tens(4) << Doubles{0.1, 0.2, 0.3, 100} << Ints{0, 9, 0, 0} << -kWide << kWide << 3 << 0
-            << QVector<Point>{{10, 0.20000000000000004, 9}};
-        QTest::newRow("the last g never drawn, state k + 2") << tens(8) << Doubles{1, 1, 1, 1, 2, 2, 2, 2} << Ints{0, 1, 2, 3, 4, 5, 6, 7} << -kWide << kWide << 4 << 0
+        QTest::newRow("g + 1 samples give a point with the middle sample's state, summed in order") << Times{0, 10, 20, 30} << Doubles{0.1, 0.2, 0.3, 100} << -kWide << kWide << 3 << 0
+            << QVector<Point>{{10, 0.20000000000000004, 1}};
+        QTest::newRow("the last g never drawn; g = 4 takes the state of the third") << eight << Doubles{1, 1, 1, 1, 2, 2, 2, 2} << -kWide << kWide << 4 << 0
             << QVector<Point>{{15, 1, 2}};
-        QTest::newRow("samples before the range skipped one by one") << tens(8) << eight << Ints{0, 1, 2, 3, 4, 5, 6, 7} << qint64(25) << kWide << 2 << 0
+        QTest::newRow("samples before the range skipped one by one") << eight << Doubles{1, 2, 3, 4, 5, 6, 7, 8} << qint64(25) << kWide << 2 << 0
             << QVector<Point>{{35, 4.5, 4}, {55, 6.5, 6}};
-        QTest::newRow("range bounds are inclusive") << tens(8) << eight << Ints{} << qint64(10) << qint64(30) << 1 << 0
-            << QVector<Point>{{10, 2, 0}, {20, 3, 0}, {30, 4, 0}};
-        QTest::newRow("missing value spoils its group; time mean truncates") << Times{0, 0, 1, 1, 4, 7, 8} << Doubles{1, M, 3, 4, 5, 6, 7} << Ints{} << -kWide << kWide << 2 << 0
-            << QVector<Point>{{0, M, 0}, {1, 3.5, 0}, {5, 5.5, 0}};
-        QTest::newRow("a damaged count is clamped to the store") << Times{0, 1000, 2000} << Doubles{} << Ints{} << qint64(1000) << qint64(2000) << 1 << 100000000
-            << QVector<Point>{{1000, 0, 0}, {2000, 0, 0}};
+        QTest::newRow("missing value spoils its group; time mean truncates") << Times{0, 0, 1, 1, 4, 7, 8} << Doubles{1, M, 3, 4, 5, 6, 7} << -kWide << kWide << 2 << 0
+            << QVector<Point>{{0, M, 1}, {1, 3.5, 3}, {5, 5.5, 5}};
+        QTest::newRow("range bounds are inclusive; a damaged count is clamped to the store") << Times{0, 1000, 2000, 3000} << Doubles{} << qint64(1000) << qint64(2000) << 1 << 100000000
+            << QVector<Point>{{1000, 0, 1}, {2000, 0, 2}};
         // clang-format on
     }
     void reduction()
     {
-        const Ints states = fetch<Ints>("states");
+        const Times times = fetch<Times>("times");
         const QVector<Point> points = fetch<QVector<Point>>("points");
         auto model = std::make_unique<ChartModel>();
-        fill(*model->data(0), fetch<Times>("times"), fetch<Doubles>("values"));
-        model->data(0)->count = fetch<int>("count") ? fetch<int>("count") : model->data(0)->count;
-        for (int k = 0; k < states.size(); ++k)
-            model->modeCodes()->code[k] = qint8(states[k]);
-        model->modeCodes()->count = states.size();
-        const _chartDataType &out = *model->displayData();
-        const modeCodesT &outModes = *model->displayModeCodes();
-        const int n =
-            g_reduceSamples(*model->data(0), *model->modeCodes(), fetch<qint64>("begin"), fetch<qint64>("end"),
-                            fetch<int>("group"), *model->displayData(), *model->displayModeCodes());
+        fill(*model->data(0), times, fetch<Doubles>("values"));
+        model->data(0)->count = fetch<int>("count") ? fetch<int>("count") : times.size();
+        for (int k = 0; k < times.size(); ++k)
+            model->modeCodes()->code[k] = qint8(k);
+        _chartDataType &out = *model->displayData();
+        modeCodesT &outModes = *model->displayModeCodes();
+        const int n = g_reduceSamples(*model->data(0), *model->modeCodes(), fetch<qint64>("begin"),
+                                      fetch<qint64>("end"), fetch<int>("group"), out, outModes);
         QCOMPARE(n, points.size());
         QCOMPARE(out.count, n);
         QCOMPARE(outModes.count, n);
@@ -424,37 +390,27 @@ private slots:
 
     void statistics_data()
     {
-        QTest::addColumn<Times>("timeBase");  // data set 0
-        QTest::addColumn<Doubles>("values");  // data set 3, at 0, 10, 20, ...
-        QTest::addColumn<qint64>("from");
-        QTest::addColumn<qint64>("to");
-        QTest::addColumn<int>("first");
-        QTest::addColumn<int>("end");
+        // Data set 0 holds the times 0, 10, 20, 30, 40.
+        QTest::addColumn<Doubles>("values");  // of data set 1
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>("to");
         QTest::addColumn<QString>("legend");  // empty without a valid value
-        const Doubles powers{1, 2, 4, 8, 16};
-        // clang-format off
-        QTest::newRow("20..40 covers 10 and 20") << tens(5) << powers << qint64(20) << qint64(40) << 1 << 3 << " (2.00 / 3.00 / 4.00 u)";
-        QTest::newRow("whole range leaves out two") << tens(5) << powers << qint64(0) << qint64(40) << 0 << 3 << " (1.00 / 2.33 / 4.00 u)";
-        QTest::newRow("beyond both ends leaves out one") << tens(5) << powers << qint64(-5) << qint64(45) << 0 << 4 << " (1.00 / 3.75 / 8.00 u)";
-        QTest::newRow("equal times take the last") << Times{0, 10, 10, 10, 20} << powers << qint64(11) << qint64(20) << 3 << 3 << "";
-        QTest::newRow("end beyond this set's count") << tens(5) << Doubles{1, 2} << qint64(0) << qint64(40) << 0 << 3 << " (1.00 / 1.50 / 2.00 u)";
-        QTest::newRow("missing values skipped") << tens(5) << Doubles{M, 4, M, 8, 0} << qint64(0) << qint64(45) << 0 << 4 << " (4.00 / 6.00 / 8.00 u)";
-        QTest::newRow("all missing") << tens(5) << Doubles{M, M, M, M, 1} << qint64(0) << qint64(40) << 0 << 3 << "";
-        QTest::newRow("two decimals, no separators") << tens(5) << Doubles{-0.004, 0.256, 1234567.891, 0, 0} << qint64(-5) << qint64(35) << 0 << 3
-            << " (-0.00 / 411522.71 / 1234567.89 u)";
-        // clang-format on
+        QTest::newRow("20..40 covers 10 and 20") << Doubles{1, 2, 4, 8, 16} << 20 << 40 << " (2.00 / 3.00 / 4.00 u)";
+        QTest::newRow("end beyond this set's count") << Doubles{1, 2} << 0 << 40 << " (1.00 / 1.50 / 2.00 u)";
+        QTest::newRow("missing values skipped") << Doubles{M, 4, M, 8, 0} << 0 << 45 << " (4.00 / 6.00 / 8.00 u)";
+        QTest::newRow("all missing") << Doubles{M, M, M, M, 1} << 0 << 40 << "";
+        QTest::newRow("two decimals, no separators")
+            << Doubles{-0.004, 0.256, 1234567.891, 0, 0} << -5 << 35 << " (-0.00 / 411522.71 / 1234567.89 u)";
     }
     void statistics()
     {
         const Doubles values = fetch<Doubles>("values");
         const QString legend = fetch<QString>("legend");
         auto model = std::make_unique<ChartModel>();
-        fill(*model->data(0), fetch<Times>("timeBase"), {});
-        fill(*model->data(3), tens(values.size()), values);
-        const SampleWindow w = g_statisticsWindow(*model->data(0), fetch<qint64>("from"), fetch<qint64>("to"));
-        QCOMPARE(w.first, fetch<int>("first"));
-        QCOMPARE(w.end, fetch<int>("end"));
-        const SeriesStatistics s = g_seriesStatistics(*model->data(3), w);
+        fill(*model->data(0), {0, 10, 20, 30, 40}, {});
+        fill(*model->data(1), Times(values.size()), values);
+        const SampleWindow w = g_statisticsWindow(*model->data(0), fetch<int>("from"), fetch<int>("to"));
+        const SeriesStatistics s = g_seriesStatistics(*model->data(1), w);
         QCOMPARE(s.valid, !legend.isEmpty());
         if (s.valid)
             QCOMPARE(g_statisticsText(QString::fromUtf8(kShortStatisticsText), s, QStringLiteral("u")), legend);
@@ -469,14 +425,11 @@ private slots:
         QTest::addColumn<int>("to");
         QTest::addColumn<Ints>("seriesIndex");
         QTest::addColumn<QStringList>("names");
-        const Doubles set1{12.3, 21.85, 22.1, 18.75, 1000, -1000};
         // clang-format off
-        QTest::newRow("long text first, short after; vaporix mode starts at the third series") << true << Ints{0, 1} << set1 << 0 << 5
-            << Ints{2, 3} << texts({"Set 0 (min 0.00 / ⌀ 0.75 / max 1.50 °C)", "Set 1 (12.30 / 18.75 / 22.10 u1)"});
         QTest::newRow("all-invalid window keeps the plain name and passes the long text on") << false << Ints{1, 2} << Doubles{M, M, M, M, 5, 5} << 0 << 5
             << Ints{0, 1} << texts({"Set 1", "Set 2 (min 20.00 / ⌀ 20.75 / max 21.50 u2)"});
-        QTest::newRow("zoomed window, shifted one sample back") << false << Ints{0, 1} << set1 << 2 << 4
-            << Ints{0, 1} << texts({"Set 0 (min 0.50 / ⌀ 0.75 / max 1.00 °C)", "Set 1 (21.85 / 21.98 / 22.10 u1)"});
+        QTest::newRow("zoomed window shifted one sample back; long text first; vaporix starts at the third series") << true << Ints{0, 1} << Doubles{12.3, 21.85, 22.1, 18.75, 1000, -1000} << 2 << 4
+            << Ints{2, 3} << texts({"Set 0 (min 0.50 / ⌀ 0.75 / max 1.00 °C)", "Set 1 (21.85 / 21.98 / 22.10 u1)"});
         // clang-format on
     }
     void seriesNames()
@@ -496,38 +449,31 @@ private slots:
     void build_data()
     {
         QTest::addColumn<int>("lineType");
-        QTest::addColumn<bool>("states");                 // state data, 5 then 12 from the middle, in vaporix mode
-        QTest::addColumn<QVector<quint32>>("lineFlags");  // of the four data sets
+        QTest::addColumn<bool>("vaporix");                // on the live model
+        QTest::addColumn<QVector<quint32>>("lineFlags");  // of its four data sets
         QTest::addColumn<QVector<Built>>("series");       // in chart order
         const quint32 S = kLineShown, A = kLineOwnAxis, R = kLineAxisRight;
         const Built band{Area, "", 0, 8200, " %i", Right | Hidden | OnTime | NoMarker};
         // clang-format off
         QTest::newRow("lines; the axis bit shows the axis, the right bit moves it, grid with the lead")
             << 1 << false << QVector<quint32>{S | A, S, S | A | R, S | R}
-            << QVector<Built>{{Line, "u0", 0, 100, " %.0f", Grid | OnTime}, {Line, "u1", -1, 101, " %.1f", Hidden},
+            << QVector<Built>{{Line, "u0", 0, 100, " %.0f", Grid | OnTime}, {Line, "°C", -1, 101, " %.1f", Hidden},
                               {Line, "u2", -2, 102, " %.2f", Right}, {Line, "u3", -3, 103, " %.0f", Right | Hidden}};
         QTest::newRow("other line types draw splines; the lead is the first shown")
             << 0 << false << QVector<quint32>{0, 0, S | A, S | A | R}
             << QVector<Built>{{Spline, "u2", -2, 102, " %.2f", Grid | OnTime}, {Spline, "u3", -3, 103, " %.0f", Right}};
         QTest::newRow("state bands come first on one hidden axis, without markers")
             << 1 << true << QVector<quint32>{0, S | A, 0, S | A | R}
-            << QVector<Built>{band, band, {Line, "u1", -1, 101, " %.1f", Grid | OnTime}, {Line, "u3", -3, 103, " %.0f", Right}};
+            << QVector<Built>{band, band, {Line, "°C", -1, 101, " %.1f", Grid | OnTime}, {Line, "u3", -3, 103, " %.0f", Right}};
         // clang-format on
     }
     void build()
     {
         const QVector<quint32> lineFlags = fetch<QVector<quint32>>("lineFlags");
         const QVector<Built> series = fetch<QVector<Built>>("series");
-        auto model = makeModel(4, 100, {});
+        auto model = liveModel(fetch<bool>("vaporix"));
         std::copy(lineFlags.begin(), lineFlags.end(), model->settings.lineFlags);
         model->settings.lineType = quint8(fetch<int>("lineType"));
-        if (fetch<bool>("states")) {
-            model->modeCodes()->count = 100;
-            for (int k = 0; k < 100; ++k)
-                model->modeCodes()->code[k] = qint8(k < 50 ? 5 : 12);
-            model->settings.hasModeData = 1;
-            model->settings.flags |= kFlagShowModeTrack;
-        }
         QChartView view;
         const ChartBuild b = g_buildChart(*model, 1480, false);
         g_installChart(&view, b.chart);
@@ -563,28 +509,23 @@ private slots:
     {
         QTest::addColumn<int>("samples");  // stored in data set 0 of two
         QTest::addColumn<Ints>("shown");
-        QTest::addColumn<QString>("message");  // what the chart area says
-        QTest::addColumn<int>("series");
-        // clang-format off
-        QTest::newRow("too few samples says so") << 7 << Ints{0, 1} << "Too few samples to draw a chart (at least 8 per data set)." << 0;
-        QTest::newRow("nothing shown says so") << 8 << Ints{} << "No data set is shown: tick a row to draw it." << 0;
-        QTest::newRow("drawable draws") << 8 << Ints{1} << "" << 1;
-        // clang-format on
+        QTest::addColumn<QString>("message");  // what the chart area says instead of a chart
+        QTest::newRow("7 samples") << 7 << Ints{0, 1} << "Too few samples to draw a chart (at least 8 per data set).";
+        QTest::newRow("nothing shown") << 8 << Ints{} << "No data set is shown: tick a row to draw it.";
     }
     void emptyChart()
     {
         Widget w(*makeModel(2, 8, fetch<Ints>("shown")));
         w.chart.model().data(0)->count = fetch<int>("samples");
         w.chart.m_displayChart(&w.chart, false);
-        QStringList said;  // the first text on the chart, if any
+        QString said;
         const QList<QGraphicsItem *> items = w.chart.chart()->childItems();
         for (QGraphicsItem *item : items) {
-            if (auto *text = dynamic_cast<QGraphicsSimpleTextItem *>(item); text && said.isEmpty())
-                said << text->text();
+            if (auto *text = dynamic_cast<QGraphicsSimpleTextItem *>(item))
+                said += text->text();
         }
-        const QString message = fetch<QString>("message");
-        QCOMPARE(said, message.isEmpty() ? QStringList() : QStringList{message});
-        QCOMPARE(w.chart.chart()->series().size(), fetch<int>("series"));
+        QCOMPARE(said, fetch<QString>("message"));
+        QVERIFY(w.chart.chart()->series().isEmpty());
     }
 
     void timeAxisFormat_data()
@@ -592,7 +533,6 @@ private slots:
         QTest::addColumn<qint64>("begin");
         QTest::addColumn<qint64>("end");
         QTest::addColumn<QString>("format");  // for 31 ticks
-        // clang-format off
         QTest::newRow("31 ticks on 31 days keep the date") << march(1, 0, 0) << march(31, 0, 0) << "dd.MM.yyyy ";
         QTest::newRow("13 days repeat days: date and time") << march(1, 10, 0) << march(14, 10, 0) << "dd.MM. hh:mm ";
         QTest::newRow("70 minutes in one day: time alone") << march(1, 10, 0) << march(1, 11, 10) << "hh:mm ";
@@ -600,7 +540,6 @@ private slots:
         QTest::newRow("2 seconds need milliseconds") << march(1, 10, 0) << march(1, 10, 0, 2) << "hh:mm:ss.zzz ";
         QTest::newRow("over midnight, seconds apart") << march(1, 23, 59) << march(2, 0, 1) << "dd.MM. hh:mm:ss ";
         QTest::newRow("no span keeps the date") << march(1, 10, 0) << march(1, 10, 0) << "dd.MM.yyyy ";
-        // clang-format on
     }
     void timeAxisFormat()
     {
@@ -612,68 +551,60 @@ private slots:
         QTest::addColumn<QVector<qreal>>("entries");
         QTest::addColumn<qreal>("line");
         QTest::addColumn<int>("rows");
-        // clang-format off
         QTest::newRow("all in one line") << QVector<qreal>{100, 100, 100} << qreal(300) << 1;
-        QTest::newRow("wraps when the next as wide would pass the end") << QVector<qreal>{100, 100, 100} << qreal(299) << 2;
+        QTest::newRow("wraps if the next as wide passes the end") << QVector<qreal>{100, 100, 100} << qreal(299) << 2;
         QTest::newRow("16 entries of 250 in 1100") << QVector<qreal>(16, 250) << qreal(1100) << 4;
         QTest::newRow("none") << QVector<qreal>{} << qreal(500) << 0;
-        // clang-format on
     }
     void legendRows()
     {
         QCOMPARE(g_legendRows(fetch<QVector<qreal>>("entries"), fetch<qreal>("line")), fetch<int>("rows"));
     }
 
+    // On a plot 1000 pixels wide, 1000 ms a pixel; ranges in pixels.
     void wheelWindow_data()
     {
-        QTest::addColumn<double>("plotX");  // 1000 pixels wide
-        QTest::addColumn<double>("pointer");
+        QTest::addColumn<int>("plotX");
+        QTest::addColumn<int>("pointer");
         QTest::addColumn<int>("delta");
-        QTest::addColumn<qint64>("rangeBegin");
-        QTest::addColumn<qint64>("rangeEnd");
-        QTest::addColumn<double>("perPixel");  // milliseconds
+        QTest::addColumn<int>("rangeBegin");
+        QTest::addColumn<int>("rangeEnd");
         QTest::addColumn<PixelWindow::Outcome>("outcome");
         QTest::addColumn<int>("left");  // the window's pixels, on a zoom
         QTest::addColumn<int>("right");
         const auto zoom = PixelWindow::Zoom, reset = PixelWindow::ResetZoom, ignore = PixelWindow::Ignore;
-        // clang-format off
-        QTest::newRow("forward over the centre keeps 950 pixels, centred") << 0.0 << 500.7 << 120 << qint64(0) << qint64(1000000) << 1000.0 << zoom << 26 << 974;
-        QTest::newRow("pulled toward the pointer") << 100.0 << 100.0 << 120 << qint64(0) << qint64(2000000) << 1000.0 << zoom << 101 << 1049;
-        QTest::newRow("no delta") << 0.0 << 500.0 << 0 << qint64(0) << qint64(1000000) << 1000.0 << ignore << 0 << 0;
-        QTest::newRow("back, wider than the range shows it whole") << 0.0 << 500.0 << -120 << qint64(-10000) << qint64(1010000) << 1000.0 << reset << 0 << 0;
-        QTest::newRow("back past the end walks left") << 0.0 << 500.0 << -120 << qint64(-100000) << qint64(1010000) << 1000.0 << zoom << -40 << 1010;
-        QTest::newRow("back past the begin walks right") << 0.0 << 500.0 << -120 << qint64(-10000) << qint64(2000000) << 1000.0 << zoom << -10 << 1040;
-        QTest::newRow("back on the whole range, walk meets the begin: reset") << 0.0 << 0.0 << -120 << qint64(0) << qint64(1000000) << 1000.0 << reset << 0 << 0;
-        QTest::newRow("forward, walk meets the begin: ignored") << 0.0 << 500.0 << 120 << qint64(0) << qint64(900000) << 1000.0 << ignore << 0 << 0;
-        QTest::newRow("4096 pixel steps") << 0.0 << 500.0 << 120 << qint64(-10000) << qint64(-3122) << 1.0 << zoom << -4070 << -3122;
-        QTest::newRow("4097 are too many") << 0.0 << 500.0 << 120 << qint64(-10000) << qint64(-3123) << 1.0 << ignore << 0 << 0;
-        // clang-format on
+        QTest::newRow("forward: 95 %, pulled to the pointer") << 100 << 100 << 120 << 0 << 2000 << zoom << 101 << 1049;
+        QTest::newRow("no delta") << 0 << 500 << 0 << 0 << 1000 << ignore << 0 << 0;
+        QTest::newRow("back, wider than the range: shown whole") << 0 << 500 << -120 << -10 << 1010 << reset << 0 << 0;
+        QTest::newRow("back past the end walks left") << 0 << 500 << -120 << -100 << 1010 << zoom << -40 << 1010;
+        QTest::newRow("back past the begin walks right") << 0 << 500 << -120 << -10 << 2000 << zoom << -10 << 1040;
+        QTest::newRow("back, walk meets the begin: reset") << 0 << 0 << -120 << 0 << 1000 << reset << 0 << 0;
+        QTest::newRow("forward, walk meets the begin: ignored") << 0 << 500 << 120 << 0 << 900 << ignore << 0 << 0;
+        QTest::newRow("4096 pixel steps") << 0 << 500 << 120 << -10000 << -3122 << zoom << -4070 << -3122;
+        QTest::newRow("4097 are too many") << 0 << 500 << 120 << -10000 << -3123 << ignore << 0 << 0;
     }
     void wheelWindow()
     {
-        const double perPixel = fetch<double>("perPixel");
-        const PixelToTime at = [perPixel](int pixel) { return qint64(pixel * perPixel); };
-        checkWindow(g_wheelWindow(fetch<double>("plotX"), 1000, fetch<double>("pointer"), fetch<int>("delta"),
-                                  fetch<qint64>("rangeBegin"), fetch<qint64>("rangeEnd"), at),
-                    perPixel);
+        checkWindow(g_wheelWindow(fetch<int>("plotX"), 1000, fetch<int>("pointer"), fetch<int>("delta"),
+                                  fetch<int>("rangeBegin") * 1000LL, fetch<int>("rangeEnd") * 1000LL, pixelTime));
     }
 
+    // From 500 on the same plot; the range from 0.
     void dragWindow_data()
     {
-        QTest::addColumn<int>("x");            // from 500 on a plot at 0, 1000 pixels wide
-        QTest::addColumn<qint64>("rangeEnd");  // from 0, 1000 ms a pixel
+        QTest::addColumn<int>("x");
+        QTest::addColumn<int>("rangeEnd");
         QTest::addColumn<PixelWindow::Outcome>("outcome");
         QTest::addColumn<int>("left");
         QTest::addColumn<int>("right");
-        QTest::newRow("left shows later times") << 400 << qint64(2000000) << PixelWindow::Zoom << 101 << 1099;
-        QTest::newRow("up to the begin") << 501 << qint64(2000000) << PixelWindow::Zoom << 0 << 998;
-        QTest::newRow("past the begin ignored") << 502 << qint64(2000000) << PixelWindow::Ignore << 0 << 0;
-        QTest::newRow("past the end ignored") << 400 << qint64(1098000) << PixelWindow::Ignore << 0 << 0;
+        QTest::newRow("left, up to the end, shows later times") << 400 << 1099 << PixelWindow::Zoom << 101 << 1099;
+        QTest::newRow("past the end ignored") << 399 << 1099 << PixelWindow::Ignore << 0 << 0;
+        QTest::newRow("up to the begin") << 501 << 2000 << PixelWindow::Zoom << 0 << 998;
+        QTest::newRow("past the begin ignored") << 502 << 2000 << PixelWindow::Ignore << 0 << 0;
     }
     void dragWindow()
     {
-        const PixelToTime at = [](int pixel) { return qint64(pixel) * 1000; };
-        checkWindow(g_dragWindow(0, 1000, 500, fetch<int>("x"), 0, fetch<qint64>("rangeEnd"), at), 1000);
+        checkWindow(g_dragWindow(0, 1000, 500, fetch<int>("x"), 0, fetch<int>("rangeEnd") * 1000LL, pixelTime));
     }
 
     void stateIndex_data()
@@ -683,8 +614,7 @@ private slots:
         QTest::addColumn<int>("interval");  // seconds
         QTest::addColumn<qint64>("index");
         QTest::newRow("5 minutes at 60 s, 3.5 rounds up") << qint64(300000) << qint64(0) << 60 << qint64(4);
-        QTest::newRow("no interval, 2000 ms") << qint64(2000) << qint64(0) << 0 << qint64(1);
-        QTest::newRow("-0.5 rounds away from zero") << qint64(1000) << qint64(0) << 0 << qint64(-1);
+        QTest::newRow("no interval, -0.5 rounds away from zero") << qint64(1000) << qint64(0) << 0 << qint64(-1);
         QTest::newRow("recording start") << minute(1) << kStart << 60 << qint64(-1);
     }
     void stateIndex()
@@ -711,29 +641,8 @@ private slots:
     {
         const CalloutSpike spike = g_calloutSpike(QRectF(0, 0, 100, 50), fetch<QPointF>("anchor"));
         QCOMPARE(spike.drawn, fetch<bool>("drawn"));
-        if (spike.drawn) {
-            QCOMPARE(spike.foot1, fetch<QPointF>("foot1"));
-            QCOMPARE(spike.foot2, fetch<QPointF>("foot2"));
-        }
-    }
-
-    void bandValue_data()
-    {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<int>("decimals");
-        QTest::addColumn<QString>("unit");
-        QTest::addColumn<QString>("text");
-        // clang-format off
-        QTest::newRow("two decimals in five places") << 1.5 << 2 << "g/kg" << "  1.50 g/kg";
-        QTest::newRow("whole seconds in five places") << 60.0 << 0 << "sec" << "   60 sec";
-        QTest::newRow("sign takes a place, half rounds away from zero") << -0.25 << 1 << "%" << "  -0.3 %";
-        QTest::newRow("a wider number is not cut") << 123456.0 << 0 << "%" << "123456 %";
-        // clang-format on
-    }
-    void bandValue()
-    {
-        QCOMPARE(g_bandValue(fetch<double>("value"), fetch<int>("decimals"), fetch<QString>("unit")),
-                 fetch<QString>("text"));
+        QCOMPARE(spike.foot1, fetch<QPointF>("foot1"));
+        QCOMPARE(spike.foot2, fetch<QPointF>("foot2"));
     }
 
     void pageBand_data()
@@ -744,12 +653,13 @@ private slots:
         QTest::addColumn<int>("interval");
         QTest::addColumn<QVector<BandEntry>>("entries");  // on a page 4960 pixels high
         // clang-format off
-        QTest::newRow("no parameter block, no band") << false << Doubles{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11} << 15 << 300 << QVector<BandEntry>{};
+        QTest::newRow("no parameter block, no band") << false << Doubles{} << 0 << 0 << QVector<BandEntry>{};
+        // Values in five places, six with decimals, rounded half away from zero, never cut.
         QTest::newRow("five columns on three lines, the last two columns short")
-            << true << Doubles{55, 72, 5, 15, 2, 1.5, 0.5, -0.3, 0.2, 1.5, -2} << 15 << 60
+            << true << Doubles{55, 72, 5, 15, 2, 1.5, 0.5, -0.25, 0.2, 1.5, -2} << 15 << 123456
             << QVector<BandEntry>{{592, 1272, 4720, "min. Humidity In:", "   55 %"}, {592, 1272, 4816, "max. Humidity In:", "   72 %"},
                                   {592, 1272, 4912, "Frost Protection:", "   2.0 °C"}, {1798, 2478, 4720, "min. Temp In:", "   5.0 °C"},
-                                  {1798, 2478, 4816, "max. Temp In:", "  15.0 °C"}, {1798, 2478, 4912, "Intervall:", "   60 sec"},
+                                  {1798, 2478, 4816, "max. Temp In:", "  15.0 °C"}, {1798, 2478, 4912, "Intervall:", "123456 sec"},
                                   {3004, 3684, 4720, "Offset Temp In:", "  -0.3 °C"}, {3004, 3684, 4816, "Offset Temp Out:", "   0.2 °C"},
                                   {3004, 3684, 4912, "control Time:", "   15 min"}, {4210, 4890, 4720, "Offset Humidity In:", "   1.5 %"},
                                   {4210, 4890, 4816, "Offset Humidity Out:", "  -2.0 %"}, {5416, 6096, 4720, "Hysteresis On:", "  1.50 g/kg"},
@@ -788,16 +698,13 @@ private slots:
         s.viewEnd = minute(300);
         w.chart.m_displayChart(&w.chart, false);
         qvtest::ScriptedDialogs dialogs;  // the PDF preview (-2) draws its page once
-        QString title;
         int pages = 0;
         dialogs.onExec = [&](QDialog &d) {
             d.show();
-            title = d.windowTitle();
             pages = d.findChild<QPrintPreviewWidget *>()->pageCount();
             return 0;
         };
         for (int click : {1, -2, 2, 3, 0, -1}) {
-            QVERIFY(w.chart.chart()->isZoomed());
             QVERIFY(w.timeAxisShows(minute(100), minute(300), w.pixel()));
             QCOMPARE(w.chart.chart()->series().first()->name(),
                      QString::fromUtf8("Set 0 (min 0.00 / ⌀ 4.75 / max 9.50 u0)"));
@@ -806,14 +713,12 @@ private slots:
             if (click == -2)
                 w.chart.s_exportPDF();
         }
-        QCOMPARE(title, QStringLiteral("Quorvanta PDF Preview"));
         QCOMPARE(pages, 1);
         for (int i = 0; i < 4; ++i) {
             QCOMPARE(bool(s.lineFlags[i] & kLineShown), i == 0);
             QCOMPARE(w.box(i)->isChecked(), i == 0);
         }
         QCOMPARE(w.chart.chart()->series().size(), 1);
-        QCOMPARE(s.viewBegin, minute(100));
     }
 
     void chooseRows_data()
@@ -836,22 +741,15 @@ private slots:
         const int first = fetch<int>("first"), last = fetch<int>("last");
         const QString error = fetch<QString>("error");
         const Chosen c = choose({10, 80, 20, 70}, [&](QTableView *table, QDialogButtonBox *buttons) {
-            table->clearSelection();
-            if (first >= 0)
-                table->selectionModel()->select(
-                    QItemSelection(table->model()->index(first, 0), table->model()->index(last, 0)),
-                    QItemSelectionModel::Select | QItemSelectionModel::Rows);
+            const QItemSelection rows(table->model()->index(first, 0), table->model()->index(last, 0));
+            table->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
             buttons->button(QDialogButtonBox::Ok)->click();
         });
         QCOMPARE(c.top, 10);
         QCOMPARE(c.bottom, 80);
         QCOMPARE(c.open, !error.isEmpty());
-        QVERIFY(c.help.isEmpty());
         QCOMPARE(c.messages.size(), error.isEmpty() ? 0 : 1);
-        if (!error.isEmpty()) {
-            QCOMPARE(c.messages[0].title, QStringLiteral("Quorvanta Error"));
-            QCOMPARE(c.messages[0].text, error);
-        }
+        QCOMPARE(c.messages.value(0).text, error);
         QCOMPARE(c.window, fetch<Doubles>("window"));
         QCOMPARE(c.samples, fetch<int>("samples"));
     }
@@ -863,13 +761,10 @@ private slots:
         QTest::addColumn<int>("top");         // the rows selected on opening
         QTest::addColumn<int>("bottom");
         QTest::addColumn<QStringList>("cells");
-        QTest::addColumn<int>("samples");
-        // clang-format off
-        QTest::newRow("a range between samples opens on the samples before") << Doubles{10.5, 79.5, 10.5, 79.5} << 4 << 10 << 79
-            << texts({"2 u0", "21.5 °C", "22.00 u2"}) << 69;
-        QTest::newRow("a range before the first sample opens on row 0") << Doubles{-5, 0, -5, 0} << 3 << 0 << 0
-            << texts({"2 u0", "Invalid Data", "21.50 u2"}) << 1;
-        // clang-format on
+        QTest::newRow("a range between samples opens on the samples before")
+            << Doubles{10.5, 79.5, 10.5, 79.5} << 4 << 10 << 79 << texts({"2 u0", "21.5 °C", "22.00 u2"});
+        QTest::newRow("a range before the first sample opens on row 0")
+            << Doubles{-5, 0, -5, 0} << 3 << 0 << 0 << texts({"2 u0", "Invalid Data", "21.50 u2"});
     }
     // The table's headers and cells, then Help and Cancel: the range stays.
     void chooseTable()
@@ -892,7 +787,6 @@ private slots:
         QVERIFY(!c.open);
         QVERIFY(c.messages.isEmpty());
         QCOMPARE(c.window, window);
-        QCOMPARE(c.samples, fetch<int>("samples"));
     }
 
     void chooseColumnWidths_data()
@@ -900,7 +794,6 @@ private slots:
         QTest::addColumn<int>("available");
         QTest::addColumn<int>("columns");
         QTest::addColumn<Ints>("widths");  // of all but the last column
-        QTest::newRow("three shown data sets in 1000 pixels") << 1000 << 4 << Ints{250, 250, 250};
         QTest::newRow("a wide table does not overflow") << 100000 << 3 << Ints{33332, 33332};
         QTest::newRow("none below zero, the only column stretches") << -5 << 2 << Ints{0};
     }
@@ -913,17 +806,15 @@ private slots:
     void zoomSteps_data()
     {
         QTest::addColumn<QVector<Step>>("steps");
-        // clang-format off
-        QTest::newRow("wheel in and out; out on the whole range keeps it") << QVector<Step>{
-            {WheelIn, 0.5, Narrower}, {WheelIn, 0.1, Narrower}, {WheelOut, 0.5, Wider}, {WheelOut, 0.5, Wider},
-            {WheelOut, 0.5, Whole}, {WheelOut, 0.5, Whole}};
+        QTest::newRow("wheel in and out; out on the whole range keeps it")
+            << QVector<Step>{{WheelIn, 0.5, Narrower}, {WheelIn, 0.1, Narrower}, {WheelOut, 0.5, Wider},
+                             {WheelOut, 0.5, Wider},   {WheelOut, 0.5, Whole},   {WheelOut, 0.5, Whole}};
         QTest::newRow("drag stops at the edges, back at once") << QVector<Step>{
-            {WheelIn, 0.5, Narrower}, {WheelIn, 0.5, Narrower}, {Press, 0.5, Kept}, {Drag, 0.52, Earlier},
-            {Drag, 0.9, Kept}, {Drag, 0.5, Later}, {Drag, 0.48, Later}, {Drag, 0.1, Kept}};
+            {WheelIn, 0.5, Narrower}, {WheelIn, 0.5, Narrower}, {Press, 0.5, Kept},  {Drag, 0.52, Earlier},
+            {Drag, 0.9, Kept},        {Drag, 0.5, Later},       {Drag, 0.48, Later}, {Drag, 0.1, Kept}};
         QTest::newRow("keys zoom, pan and show the range") << QVector<Step>{
             {KeyPlus, 0, Narrower}, {KeyPlus, 0, Narrower}, {KeyLeft, 0, Earlier}, {KeyRight, 0, Later},
-            {KeyRight, 0, Later}, {KeyMinus, 0, Wider}, {KeyHome, 0, Whole}};
-        // clang-format on
+            {KeyRight, 0, Later},   {KeyMinus, 0, Wider},   {KeyHome, 0, Whole}};
     }
     void zoomSteps()
     {
@@ -952,10 +843,9 @@ private slots:
         QVERIFY(w.s.viewBegin == w.s.rangeBegin && w.s.viewEnd == w.s.rangeEnd && w.showsWindow());
         QCOMPARE(w.band(0.2), kRedBandColor);
         QCOMPARE(w.band(0.3), kGreenBandColor);
-        for (int k = 0; k < 8; ++k) {
-            QCOMPARE(w.step(WheelIn, 0.9), Narrower);
-            QVERIFY(w.showsWindow());
-        }
+        for (int k = 0; k < 8; ++k)
+            w.step(WheelIn, 0.9);
+        QVERIFY(w.showsWindow());
         QCOMPARE(w.band(0.05), kGreenBandColor);
     }
 
@@ -965,18 +855,19 @@ private slots:
     {
         Live w(false);
         const struct {
-            int dataSet, sample;
+            int sample;
             double value;
             bool entering;
             const char *text;  // below the time line; none for a hidden callout
-        } hovers[] = {{1, 10, 19.456, true, "19.46 °C"},
-                      {1, 500, M, true, "No Data °C"},
-                      {0, 10, 3, true, "3.00 u0"},
-                      {0, 10, 3, false, nullptr}};
+        } hovers[] = {
+            {10, 19.456, true, "19.46 °C"},
+            {500, M, true, "No Data °C"},
+            {10, 19.456, false, nullptr},
+        };
         for (const auto &h : hovers) {
             const QString time =
                 QDateTime::fromMSecsSinceEpoch(minute(h.sample)).toString(QStringLiteral("dd.MM.yyyy hh:mm"));
-            QCOMPARE(w.callout(h.dataSet, h.sample, h.value, h.entering),
+            QCOMPARE(w.callout(h.sample, h.value, h.entering),
                      QStringList{h.text ? time + QLatin1Char('\n') + QString::fromUtf8(h.text) : QString()});
         }
     }
