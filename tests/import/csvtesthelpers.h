@@ -1,5 +1,5 @@
-// Helpers for the import tests: a scripted host, files in a temporary folder,
-// committed inputs, and one summary line of what an import left in a model.
+// Helpers for the import tests: a scripted host, committed inputs, and one
+// summary line of what an import left in a model.
 #pragma once
 
 #include "core/import/importhost.h"
@@ -7,8 +7,6 @@
 #include "core/project/projectfile.h"
 
 #include <QByteArray>
-#include <QStringList>
-#include <QTemporaryDir>
 
 #include <memory>
 
@@ -18,27 +16,19 @@ namespace qvtest {
 class ScriptedHost : public qv::ImportHost
 {
 public:
-    explicit ScriptedHost(bool yes = true) : answer(yes) {}
-    bool askYesNo(const QString &title, const QString &question) override;
-    void warn(const QString &message) override { warnings << message; }
+    bool askYesNo(const QString &, const QString &) override
+    {
+        ++questions;
+        return answer;
+    }
+    void warn(const QString &) override { ++warnings; }
     // The progress dialog's bars run from 0 to 255; anything else is a fault.
     void progress(int main, int detail) override { outOfRange += main < 0 || main > 255 || detail < 0 || detail > 255; }
 
-    bool answer;
+    bool answer = true;
+    int questions = 0;
+    int warnings = 0;
     int outOfRange = 0;
-    QStringList questions;  // "title|question"
-    QStringList warnings;
-};
-
-// Files of one test in a fresh temporary folder.
-class CsvFolder
-{
-public:
-    QString path(const QString &name) const { return m_dir.filePath(name); }
-    QString write(const QString &name, const QByteArray &bytes) const;
-
-private:
-    QTemporaryDir m_dir;
 };
 
 // A committed input under $QV_TEST_DATA, e.g. "csv/title-with-bell.csv".

@@ -77,9 +77,6 @@ private slots:
     void localTimes()
     {
         QFETCH(QDate, day);
-        QVERIFY2(QDateTime(QDate(2021, 1, 15), QTime(12, 0)).offsetFromUtc() !=
-                     QDateTime(QDate(2021, 7, 15), QTime(12, 0)).offsetFromUtc(),
-                 "run with TZ=Europe/Berlin (set by CTest)");
         const QString withSeconds = QStringLiteral("dd.MM.yyyy hh:mm:ss");
         for (auto format : {LocalTimeReader::WithSeconds, LocalTimeReader::WithoutSeconds}) {
             LocalTimeReader reader(format);
@@ -189,7 +186,6 @@ private slots:
                                            << QByteArray("rv") << QByteArray("ok v[1 7 1|2 2 2]");
         QTest::newRow("a row one byte over ends the data") << "K\nZeit;a;b\n" + row + "01.01.2021 00:01:00;" + QByteArray(17 * 256 - 23, ' ') + "7;2\n" + row
                                                           << QByteArray("rv") << QByteArray("ok v[1|2]");
-        QTest::newRow("zero bytes without a line end") << QByteArray(4 << 20, '\0') << QByteArray("r") << QByteArray("Error in CSV title line 1 !");
         QTest::newRow("a FIFO is refused") << QByteArray("fifo") << QByteArray("rt") << QByteArray("Error reading file!! 'vorher'");
         // clang-format on
     }
@@ -199,12 +195,12 @@ private slots:
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, parts);
         QFETCH(QByteArray, expected);
-        CsvFolder folder;
-        const QString path = folder.path(QStringLiteral("a.csv"));
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("a.csv"));
         if (file == "fifo")
             QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
         else
-            folder.write(QStringLiteral("a.csv"), file);
+            QVERIFY(writeFile(path, file));
         // Over an earlier import: a failure keeps what came before it, a good import
         // clears every store. A SENSORWERTE file asks for its siblings; No: plain import.
         ImportRun run;
@@ -214,7 +210,6 @@ private slots:
         run.model->data(15)->value[4] = 1.5;
         run.result = g_importControllerCsv(path, *run.model, run.host);
         QCOMPARE(run.summary(parts.constData()), expected);
-        QCOMPARE(run.model->data(15)->value[4], run.result.ok ? 0.0 : 1.5);
     }
 
     // A SENSORWERTE file with its state log, parameters and card parameters
@@ -235,21 +230,10 @@ private slots:
         const QByteArray state = "STATUS LOG\nKopf\n";
 
         QTest::newRow("all there, Yes") << upper << committed << true << QByteArray("rtsavgmpq") << QByteArray("ok 'SENSORWERTE' sets[abs. Feuchte Aussen:1:8:3EC,Temp Aussen:1:8:7EC,rel. Feuchte Aussen:0:8:1EC,abs. Feuchte Innen:1:8:1EC,Temp Innen:1:8:1EC,rel. Feuchte Innen:0:8:1EC,abs. Feuchte Innen Zone I:1:8:0E,Temp Innen Zone I:1:8:0E,rel. Feuchte Innen Zone I:0:8:0E,abs. Feuchte Innen Zone II:1:8:0E,Temp Innen Zone II:1:8:0E,rel. Feuchte Innen Zone II:0:8:0E] axes[0..20,-15..35,0..100,0..20,-15..35,0..100,0..20,-15..35,0..100,0..20,-15..35,0..100] v[8.5 8.5 - 8.5 8.5|10.5 10.5 - 10.5 10.5|60 60 - 60 60|9 9 9 9 9|21 21 21 21 21|55 55 55 55 55|9.5 9.5 9.5 9.5 9.5|20 20 20 20 20|50 50 50 50 50|9.1 9.1 9.1 9.1 9.1|19.5 19.5 19.5 19.5 19.5|48 48 48 48 48] 01.03.2021 10:00:00..01.03.2021 10:04:00 iv=60 n=5 modes=1VC flags=3 [3 1 11 7 7 2] P[45 65 5 25 3 2.5 1.5 0.1 -0.2 0.3 -0.4;15 7 8 9;-7] q1w0");
-        QTest::newRow("SENSORWERTE of 7 columns: 6 sets laid out")
-            << upper << with(0, "SENSORWERTE\nZeit;a;b;c;d;e;f;g\n01.03.2021 10:00:00;8.5;10.5;60;9;21;55\n01.03.2021 10:01:00;8.5;10.5;60;9;21;55\n"
-                                 "01.03.2021 10:02:00;8.5;10.5;60;9;21;55\n")
-            << true << QByteArray("rsm") << QByteArray("ok sets[abs. Feuchte Aussen:1:8:3EC,Temp Aussen:1:8:7EC,rel. Feuchte Aussen:0:8:1EC,abs. Feuchte Innen:1:8:1EC,Temp Innen:1:8:1EC,rel. Feuchte Innen:0:8:1EC] modes=1VC flags=3 [3 1 11 7 7 2]");
-        QTest::newRow("all there, No") << upper << committed << false << QByteArray("rmvq") << QByteArray("ok modes=0 flags=1 [] v[8.5 8.5 8.5 8.5 8.5|10.5 10.5 80 10.5 10.5|60 60 60 60 60|9 9 9 9 9|21 21 21 21 21|55 55 55 55 55|9.5 9.5 9.5 9.5 9.5|20 20 20 20 20|50 50 50 50 50|9.1 9.1 9.1 9.1 9.1|19.5 19.5 19.5 19.5 19.5|48 48 48 48 48] q1w0");
         QTest::newRow("TS02 missing") << upper << with(1, "-") << true << QByteArray("rmq") << QByteArray("ok modes=0 flags=1 [] q0w0");
         QTest::newRow("TS04 missing") << upper << with(3, "-") << true << QByteArray("rmq") << QByteArray("ok modes=0 flags=1 [] q0w0");
         QTest::newRow("lower-case ts01 finds upper-case TS02")
             << names("s_ts01.csv", "s_TS0%1.csv") << committed << true << QByteArray("rmq") << QByteArray("ok modes=1VC flags=3 [3 1 11 7 7 2] q1w0");
-        QTest::newRow("lower-case siblings are not found")
-            << names("s_ts01.csv", "s_ts0%1.csv") << committed << true << QByteArray("rmq") << QByteArray("ok modes=0 flags=1 [] q0w0");
-        // Without TS01 in the name the sensor file itself is read as its state log.
-        QTest::newRow("no TS01 in the path") << QStringList{QStringLiteral("sensor.csv")} << committed << true << QByteArray("rmq") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 [] q1w0");
-        QTest::newRow("CR LF title: no siblings") << upper << with(0, dataFile("csv/sensor-set/S_TS01.CSV").replace("\n", "\r\n")) << true
-                                                  << QByteArray("rmq") << QByteArray("ok modes=0 flags=1 [] q0w0");
         QTest::newRow("state heading wrong") << upper << with(1, "STATUS\n" + dataFile("csv/sensor-set/S_TS02.CSV")) << true << QByteArray("rmq") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 [] q1w0");
         QTest::newRow("parameter heading wrong") << upper << with(2, "PARAMETERS\n") << true << QByteArray("rmq") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 [3 1 11 7 7 2] q1w0");
         QTest::newRow("card heading wrong") << upper << with(3, "PARAMETER\n") << true << QByteArray("rmq") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 [3 1 11 7 7 2] q1w0");
@@ -257,7 +241,6 @@ private slots:
         // The first state entry may lie half a sample interval (60 s) from the first row.
         QTest::newRow("state 30 s late") << upper << with(1, state + "01.03.2021 10:00:30;0;1;200;0;0\n") << true << QByteArray("rm") << QByteArray("ok modes=1VC flags=3 [11]");
         QTest::newRow("state 31 s late") << upper << with(1, state + "01.03.2021 10:00:31;0;1;200;0;0\n") << true << QByteArray("rm") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 []");
-        QTest::newRow("state 30 s early") << upper << with(1, state + "01.03.2021 09:59:30;0;1;200;0;0\n") << true << QByteArray("rm") << QByteArray("ok modes=1VC flags=3 [11]");
         QTest::newRow("state 31 s early") << upper << with(1, state + "01.03.2021 09:59:29;0;1;200;0;0\n") << true << QByteArray("rm") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 []");
         // clang-format on
     }
@@ -269,31 +252,25 @@ private slots:
         QFETCH(bool, answer);
         QFETCH(QByteArray, parts);
         QFETCH(QByteArray, expected);
-        CsvFolder folder;
+        QTemporaryDir folder;
         for (int i = 0; i < names.size(); ++i) {
             const QByteArray committed =
                 dataFile(QByteArray("csv/sensor-set/S_TS0" + QByteArray::number(i + 1) + ".CSV").constData());
             if (contents[i] == "/")
-                QVERIFY(QDir().mkpath(folder.path(names[i])));
+                QVERIFY(QDir().mkpath(folder.filePath(names[i])));
             else if (contents[i] != "-")
-                folder.write(names[i], contents[i].isNull() ? committed : contents[i]);
+                QVERIFY(writeFile(folder.filePath(names[i]), contents[i].isNull() ? committed : contents[i]));
         }
-        QCOMPARE(importFile(Kind::Csv, folder.path(names[0]), answer).summary(parts.constData()), expected);
+        QCOMPARE(importFile(Kind::Csv, folder.filePath(names[0]), answer).summary(parts.constData()), expected);
     }
 
     // Running flag, mode, detail and fault of a state entry to its state code.
-    void controllerSteps()
+    void controllerStates()
     {
-        const int rows[][5] = {{1, 100, 0, 0, 12}, {1, 100, -1, 0, 7}, {1, 100, 9, 0, 5},  {1, 100, 11, 0, 2},
-                               {1, 100, 12, 0, 4}, {1, 100, 18, 0, 3}, {1, 100, 20, 0, 6}, {5, 200, 9, 0, 11},
-                               {1, 150, 9, 0, 0},  {0, 100, 9, 0, 1},  {0, 200, 9, 3, 7},  {1, 100, 20, 1, 7}};
+        // (The other codes come out of the state logs of csvSiblings and logSiblings.)
+        const int rows[][5] = {{1, 100, 0, 0, 12}, {1, 100, 12, 0, 4}, {1, 150, 9, 0, 0}, {0, 200, 9, 3, 7}};
         for (const auto &r : rows)
             QCOMPARE(int(g_controllerState(uint(r[0]), uint(r[1]), r[2], uint(r[3]))), r[4]);
-        // The sibling names: the replacements build on each other along the path.
-        const std::array<QString, 3> p =
-            g_siblingPaths(QStringLiteral("/ts02/a_TS01.csv"), {"TS01", "TS02", "TS03", "TS04"});
-        QCOMPARE(QStringList({p[0], p[1], p[2]}).join(QLatin1Char('|')),
-                 QStringLiteral("/ts02/a_TS02.csv|/TS03/a_TS03.csv|/TS04/a_TS04.csv"));
     }
 
     // Each of the twelve sets at its limits, just beyond them and missing: an
@@ -302,16 +279,16 @@ private slots:
     void plausibility()
     {
         const double plausible[12] = {8.5, 10.5, 60, 9, 21, 55, 9.5, 20, 50, 9.1, 19.5, 48};
+        // The limits of each set: absolute humidity, temperature (outside and
+        // zone I from -40, inside and zone II from -10), relative humidity.
+        const double low[12] = {0.5, -40, 5, 0.5, -10, 5, 0.5, -40, 5, 0.5, -10, 5};
+        const double high[12] = {50, 50, 100, 50, 50, 100, 50, 50, 100, 50, 50, 100};
         ChartModel m;
         for (int set = 0; set < 12; ++set) {
-            const double limits[2] = {set % 3 == 0   ? 0.5
-                                      : set % 3 == 2 ? 5
-                                      : set % 6 == 1 ? -40
-                                                     : -10,
-                                      set % 3 == 2 ? 100.0 : 50.0};
-            // c: at the low limit, below it, at the high limit, above it, missing, missing without the track
+            // at the low limit, below it, at the high limit, above it, missing, missing without the track
+            const double values[6] = {low[set],         low[set] - 0.01, high[set],
+                                      high[set] + 0.01, kMissingValue,   kMissingValue};
             for (int c = 0; c < 6; ++c) {
-                const double value = c >= 4 ? kMissingValue : limits[c / 2] + (c == 1 ? -0.01 : c == 3 ? 0.01 : 0);
                 const bool unchecked = set == 0 && c >= 4;  // then an implausible 99 in set 7 stays
                 m.reset();
                 m.settings.flags |= c == 5 ? 0 : kFlagShowModeTrack;
@@ -320,21 +297,18 @@ private slots:
                     m.data(i)->count = 2;
                     m.data(i)->value[0] = m.data(i)->value[1] = plausible[i];
                 }
-                m.data(set)->value[1] = value;
+                m.data(set)->value[1] = values[c];
                 m.data(7)->value[1] = unchecked ? 99 : m.data(7)->value[1];
                 g_checkPlausibility(m);
                 const bool bad = c == 1 || c == 3 || (c == 4 && set > 0);
-                QByteArray got = QByteArray::number(set) + '/' + QByteArray::number(c), want = got;
                 for (int i = 0; i < 12; ++i) {
-                    got +=
-                        ' ' + QByteArray::number(m.data(i)->value[0]) + ' ' + QByteArray::number(m.data(i)->value[1]);
-                    want += ' ' + QByteArray::number(plausible[i]) + ' ' +
-                            QByteArray::number(bad && i / 3 == set / 3 ? kMissingValue
-                                               : i == set              ? value
-                                               : unchecked && i == 7   ? 99
-                                                                       : plausible[i]);
+                    const double expected = bad && i / 3 == set / 3 ? kMissingValue
+                                            : i == set              ? values[c]
+                                            : unchecked && i == 7   ? 99
+                                                                    : plausible[i];
+                    QVERIFY2(m.data(i)->value[0] == plausible[i] && m.data(i)->value[1] == expected,
+                             qPrintable(QStringLiteral("set %1, case %2: set %3").arg(set).arg(c).arg(i)));
                 }
-                QCOMPARE(got, want);
             }
         }
     }
@@ -351,7 +325,7 @@ private slots:
         QTest::addColumn<bool>("answer");
         QTest::addColumn<QByteArray>("parts");
         QTest::addColumn<QByteArray>("expected");
-        auto ring = [](qint32 capacity, qint32 offset, quint32 rows, quint32 start) {
+        auto ring = [](qint32 capacity, qint32 offset, quint32 rows, quint32 start = 1600000000) {
             qvlog::LogLayout s = ringLog(capacity, rows);
             s.oldestOffset = offset;
             s.startTime = start;
@@ -369,19 +343,15 @@ private slots:
             change(s);
             return qvlog::file(s);
         };
-        const quint32 t = 1600000000;
-        QTest::newRow("S = 0, no question") << ring(20, 0, 10u, t) << true << QByteArray("rvgq") << QByteArray("ok v[0 1 2 3 4 5 6 7 8 9|1000 1001 1002 1003 1004 1005 1006 1007 1008 1009] 13.09.2020 15:26:40..13.09.2020 15:35:40 iv=60 n=10 q0w0");
-        QTest::newRow("S 5, R 10, C 100, Yes") << ring(100, 40, 10u, t) << true << QByteArray("rvgq") << QByteArray("ok v[0 1 2 3 4 5 6 7 8 9 10 11 12 13 14|1000 1001 1002 1003 1004 1005 1006 1007 1008 1009 1010 1011 1012 1013 1014] 13.09.2020 15:21:40..13.09.2020 15:35:40 iv=60 n=15 q1w0");
-        QTest::newRow("S 5, R 10, C 100, No") << ring(100, 40, 10u, t) << false << QByteArray("rvgq") << QByteArray("ok v[5 6 7 8 9 10 11 12 13 14|1005 1006 1007 1008 1009 1010 1011 1012 1013 1014] 13.09.2020 15:26:40..13.09.2020 15:35:40 iv=60 n=10 q1w0");
-        QTest::newRow("S + R = C still offered") << ring(10, 16, 8u, t) << true << QByteArray("rvgq") << QByteArray("ok v[0 1 2 3 4 5 6 7 8 9|1000 1001 1002 1003 1004 1005 1006 1007 1008 1009] 13.09.2020 15:24:40..13.09.2020 15:33:40 iv=60 n=10 q1w0");
-        QTest::newRow("S + R > C wraps after row C") << ring(10, 64, 6u, t) << true << QByteArray("rvgq") << QByteArray("ok v[8 9 10 0 1 2|1008 1009 1010 1000 1001 1002] 13.09.2020 15:26:40..13.09.2020 15:31:40 iv=60 n=6 q0w0");
-        QTest::newRow("offset inside a row") << ring(10, 15, 3u, t) << false << QByteArray("rvgq") << QByteArray("ok v[1 2 3|1001 1002 1003] 13.09.2020 15:26:40..13.09.2020 15:28:40 iv=60 n=3 q1w0");
+        QTest::newRow("S = 0, no question") << ring(20, 0, 10u) << true << QByteArray("rvgq") << QByteArray("ok v[0 1 2 3 4 5 6 7 8 9|1000 1001 1002 1003 1004 1005 1006 1007 1008 1009] 13.09.2020 15:26:40..13.09.2020 15:35:40 iv=60 n=10 q0w0");
+        QTest::newRow("S 5, R 10, C 100, No") << ring(100, 40, 10u) << false << QByteArray("rvgq") << QByteArray("ok v[5 6 7 8 9 10 11 12 13 14|1005 1006 1007 1008 1009 1010 1011 1012 1013 1014] 13.09.2020 15:26:40..13.09.2020 15:35:40 iv=60 n=10 q1w0");
+        QTest::newRow("S + R = C still offered") << ring(10, 16, 8u) << true << QByteArray("rvgq") << QByteArray("ok v[0 1 2 3 4 5 6 7 8 9|1000 1001 1002 1003 1004 1005 1006 1007 1008 1009] 13.09.2020 15:24:40..13.09.2020 15:33:40 iv=60 n=10 q1w0");
+        QTest::newRow("S + R > C wraps after row C") << ring(10, 64, 6u) << true << QByteArray("rvgq") << QByteArray("ok v[8 9 10 0 1 2|1008 1009 1010 1000 1001 1002] 13.09.2020 15:26:40..13.09.2020 15:31:40 iv=60 n=6 q0w0");
+        QTest::newRow("offset inside a row") << ring(10, 15, 3u) << false << QByteArray("rvgq") << QByteArray("ok v[1 2 3|1001 1002 1003] 13.09.2020 15:26:40..13.09.2020 15:28:40 iv=60 n=3 q1w0");
         QTest::newRow("repair wraps the 32-bit start time") << ring(100, 40, 3u, 100u) << true << QByteArray("rvgq") << QByteArray("ok v[0 1 2 3 4 5 6 7|1000 1001 1002 1003 1004 1005 1006 1007] 07.02.2106 08:24:56..07.02.2106 08:31:56 iv=60 n=8 q1w0");
-        QTest::newRow("S beyond C reads zeros once") << ring(10, 120, 3u, t) << true << QByteArray("rvgq") << QByteArray("ok v[0 0 1|0 1000 1001] 13.09.2020 15:26:40..13.09.2020 15:28:40 iv=60 n=3 q0w0");
-        QTest::newRow("no rows") << ring(10, 0, 0u, t) << true << QByteArray("rvgq") << QByteArray("ok v[|] 0..0 iv=60 n=0 q0w0");
+        QTest::newRow("S beyond C reads zeros once") << ring(10, 120, 3u) << true << QByteArray("rvgq") << QByteArray("ok v[0 0 1|0 1000 1001] 13.09.2020 15:26:40..13.09.2020 15:28:40 iv=60 n=3 q0w0");
         QTest::newRow("2: sum in doubles, no 32-bit wrap") << value(2, 1, 0u, 0, 1u, 0xFFFFFFFFu) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:1:2:3EC] axes[-1..1,4294967296..4294967297] v[0|4294967296]");
         QTest::newRow("2: unsigned multiplier") << value(2, 1, 0x80000000u, 0, 0u, 3u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:1:2:3EC] axes[-1..1,6442450944..6442450945] v[0|6442450944]");
-        QTest::newRow("2: divisor -10") << value(2, 1, 0u, -10, 0u, 7u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:1:2:3EC] axes[-1..1,70..71] v[0|70]");
         QTest::newRow("4: offset, multiplier, divisor") << value(4, 2, 2u, 10, 5u, 250u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:2:4:3EC] axes[-1..1,51..52] v[0|51]");
         QTest::newRow("3: signed raw and offset") << value(3, 1, 0u, 10, quint32(-5), quint32(-250)) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:1:3:3EC] axes[-1..1,-26..-25] v[0|-25.5]");
         QTest::newRow("5: signed multiplier, divisor -10") << value(5, 0, quint32(-2), -10, 0u, quint32(-3)) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:0:5:3EC] axes[-1..1,60..61] v[0|60]");
@@ -390,28 +360,24 @@ private slots:
         QTest::newRow("6: unsigned raw, no decimals") << value(6, 3, 5u, 10, 5u, 0xFFFFFFFEu) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:0:6:3EC] axes[-1..1,4294967294..4294967295] v[0|4294967294]");
         QTest::newRow("9: unknown") << value(9, 2, 5u, 10, 5u, 0x80000000u) << true << QByteArray("rsav") << QByteArray("ok sets[Zeile:0:7:3EC,Wert:0:9:3EC] axes[-1..1,2147483648..2147483649] v[0|2147483648]");
         const QByteArray good = qvlog::file(ringLog(4, 5));
-        QTest::newRow("empty file") << QByteArray("") << true << QByteArray("rtsavgq") << QByteArray("File is no Ventimar sampling! '' sets[] axes[] v[] 0..0 iv=0 n=0 q0w0");
         QTest::newRow("last magic byte differs") << QByteArray(good).replace(63, 1, "!") << true << QByteArray("rtsavgq") << QByteArray("File is no Ventimar sampling! '' sets[] axes[] v[] 0..0 iv=0 n=0 q0w0");
         QTest::newRow("header one byte short") << good.left(64 + 3007) << true << QByteArray("rtsavgq") << QByteArray("Ventimar sampling seems to be broken (header)! '' sets[] axes[] v[] 0..0 iv=0 n=0 q0w0");
         QTest::newRow("17 data sets") << log([](qvlog::LogLayout &s) { s.count = 17; }) << true << QByteArray("rtsavgq") << QByteArray("Ventimar sampling seems to be broken (header)! '' sets[] axes[] v[] 0..0 iv=0 n=0 q0w0");
-        QTest::newRow("0 data sets") << log([](qvlog::LogLayout &s) { s.count = 0; }) << true << QByteArray("rtsavgq") << QByteArray("Ventimar sampling seems to be broken (header)! '' sets[] axes[] v[] 0..0 iv=0 n=0 q0w0");
         QTest::newRow("data size 16 MiB + 1") << log([](qvlog::LogLayout &s) { s.dataSize = 16 * 1024 * 1024 + 1; }) << true << QByteArray("rtsavgq") << QByteArray("Ventimar sampling seems to be broken (header)! '' sets[] axes[] v[] 0..0 iv=0 n=0 q0w0");
         QTest::newRow("negative capacity") << log([](qvlog::LogLayout &s) { s.capacity = -1; }) << true << QByteArray("rtsavgq") << QByteArray("Ventimar sampling seems to be broken (header)! '' sets[] axes[] v[] 0..0 iv=0 n=0 q0w0");
         QTest::newRow("negative oldest-row offset") << log([](qvlog::LogLayout &s) { s.oldestOffset = -8; }) << true << QByteArray("rtsavgq") << QByteArray("Ventimar sampling seems to be broken (header)! '' sets[] axes[] v[] 0..0 iv=0 n=0 q0w0");
-        const QByteArray shortData = log([](qvlog::LogLayout &s) {
-            s = ringLog(2, 3);
-            s.count = 16;
-            s.words = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18};
-            s.dataSize = 16 * 1024 * 1024;
-        }).chopped(1);
+        qvlog::LogLayout sixteen = ringLog(2, 3);
+        sixteen.count = 16;
+        sixteen.words = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18};
+        sixteen.dataSize = 16 * 1024 * 1024;
+        const QByteArray shortData = qvlog::file(sixteen).chopped(1);
         QTest::newRow("short data, No") << shortData << false << QByteArray("rtsavgq") << QByteArray("Ventimar sampling seems to be broken (filesize)! '' sets[] axes[] v[] 0..0 iv=0 n=0 q1w0");
         QTest::newRow("short data, Yes: zeros") << shortData << true << QByteArray("rtsavgq") << QByteArray("ok 'Halle 3' sets[Zeile:0:7:3EC,Zeile plus 1000:0:7:3EC,:0:7:3EC,:0:7:7EC,:0:7:7EC,:0:7:7EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC,:0:7:1EC] axes[-1..18,-1..19,-1..4,-1..5,-1..6,-1..7,-1..8,-1..9,-1..10,-1..11,-1..12,-1..13,-1..14,-1..15,-1..16,-1..17] v[1 17 0|2 18 0|3 0 0|4 0 0|5 0 0|6 0 0|7 0 0|8 0 0|9 0 0|10 0 0|11 0 0|12 0 0|13 0 0|14 0 0|15 0 0|16 0 0] 13.09.2020 15:26:40..13.09.2020 15:28:40 iv=60 n=3 q1w0");
-        QTest::newRow("rows without data") << log([](qvlog::LogLayout &s) {
-            s = ringLog(3, 4);
-            s.count = 3;
-            s.sets[2] = {QByteArray(32, 'R'), 6, 0, 0, 0, 0};
-            s.words = {10, 20, 30, 0xBAADF00Du, 900, 900, 11, 21, 0xBAADF00Du, 12, 22, 32};
-        }) << true << QByteArray("rtsavgq") << QByteArray("ok 'Halle 3' sets[Zeile:0:7:3EC,Zeile plus 1000:0:7:3EC,RRRRRRRRRRRRRRRRRRRRRRRRRRRRRRR:0:6:3EC] axes[9..13,19..23,-62639197..3194600584] v[10 - 11 12|20 - 21 22|30 - - 32] 13.09.2020 15:26:40..13.09.2020 15:29:40 iv=60 n=4 q0w0");
+        qvlog::LogLayout gaps = ringLog(3, 4);
+        gaps.count = 3;
+        gaps.sets[2] = {QByteArray(32, 'R'), 6, 0, 0, 0, 0};
+        gaps.words = {10, 20, 30, 0xBAADF00Du, 900, 900, 11, 21, 0xBAADF00Du, 12, 22, 32};
+        QTest::newRow("rows without data") << qvlog::file(gaps) << true << QByteArray("rtsavgq") << QByteArray("ok 'Halle 3' sets[Zeile:0:7:3EC,Zeile plus 1000:0:7:3EC,RRRRRRRRRRRRRRRRRRRRRRRRRRRRRRR:0:6:3EC] axes[9..13,19..23,-62639197..3194600584] v[10 - 11 12|20 - 21 22|30 - - 32] 13.09.2020 15:26:40..13.09.2020 15:29:40 iv=60 n=4 q0w0");
         // clang-format on
     }
 
@@ -509,7 +475,7 @@ private slots:
         logs[3].oldestOffset = 4;
         logs[3].words = {quint32(-2), 5};
 
-        CsvFolder folder;
+        QTemporaryDir folder;
         for (int i = 0; i < 4; ++i) {
             QByteArray bytes = qvlog::file(logs[i]);
             if (i == 3 && fault == "magic")
@@ -521,11 +487,11 @@ private slots:
             QString file = i == 0 ? name : name.contains(QLatin1String("01")) ? name : QStringLiteral("SV_SA_01.LOG");
             file.replace(QLatin1String("01"), QStringLiteral("0%1").arg(i + 1));
             if (i == 3 && fault == "folder")
-                QVERIFY(QDir().mkpath(folder.path(file)));
+                QVERIFY(QDir().mkpath(folder.filePath(file)));
             else if (!(i == 3 && fault == "missing"))
-                folder.write(file, bytes);
+                QVERIFY(writeFile(folder.filePath(file), bytes));
         }
-        const ImportRun run = importFile(Kind::Log, folder.path(name), answer);
+        const ImportRun run = importFile(Kind::Log, folder.filePath(name), answer);
         // The sensor rows are kept in every case; the plausibility pass runs with the state data.
         QCOMPARE(run.model->data(0)->count, 8);
         QCOMPARE(g_isMissing(run.model->data(1)->value[4]), bool(run.model->settings.hasModeData));
@@ -542,8 +508,7 @@ private slots:
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("parts");
         QTest::addColumn<QByteArray>("expected");
-        const QByteArray head = visWith(0);
-        auto data = [&head](const QByteArrayList &lines) -> QByteArray { return head + lines.join(); };
+        auto data = [](const QByteArrayList &lines) -> QByteArray { return visWith(0) + lines.join(); };
         auto line = [](const char *stamp, const QByteArray &values, const QByteArray &state) -> QByteArray {
             return QByteArray(stamp) + ';' + values + ';' + state + '\n';
         };
@@ -565,9 +530,7 @@ private slots:
         // The terminator belongs to the last field: ten fields even with it.
         QTest::newRow("line 7 ten fields") << visWith(7, pad("a;b;c;d;e;f;g;h;i;", 191)) << QByteArray("rt") << QByteArray("Error in CSV line 7 !/Too many columns. 'vaporix-VIS Kellerklima - Keller Nord'");
         QTest::newRow("line 7 eight fields") << visWith(7, pad("a;b;c;d;e;f;g;h", 191)) << QByteArray("rt") << QByteArray("Error in CSV line 7 !/Too many columns. 'vaporix-VIS Kellerklima - Keller Nord'");
-        // No line is read beyond 9 x 256 bytes: one that long fails its own check.
-        QTest::newRow("zero bytes without a line end") << QByteArray(3 << 20, '\0') << QByteArray("rt") << QByteArray("Error in CSV line 1 !/No vaporix-Vis sampling. ''");
-        QTest::newRow("line 2 of megabytes") << visWith(2, QByteArray(3 << 20, 'T')) << QByteArray("rt") << QByteArray("Error in CSV title line 2 ! ''");
+        // No line is read beyond 9 x 256 bytes: after a longer one every line reads as empty.
         QTest::newRow("line 6 over the bound") << visWith(6, QByteArray(9 * 256, ';')) << QByteArray("rt") << QByteArray("Error in CSV title line 7 ! 'vaporix-VIS Kellerklima - Keller Nord'");
         const int blanksAt = ok.indexOf(';', 11) + 1;  // blanks in a value are dropped
         QTest::newRow("a data line at the bound") << data({ok, QByteArray(ok).insert(blanksAt, QByteArray(9 * 256 - ok.size(), ' ')), ok})
@@ -581,14 +544,11 @@ private slots:
         QTest::newRow("parameters: unconvertible and blank fields")
             << visWith(5, "a;-1.25;;5 5;1,5;1e1;x;" + QByteArray(7, '0') + ";;1:00:00") << QByteArray("rpg") << QByteArray("ok P[0 0 0 -1.25 0 10 0 0 0 0 0;1 0 0 2;3600] 30.11.2021 08:30:00..30.11.2021 11:30:00 iv=3600 n=4");
         QTest::newRow("parameters: seconds") << visWith(5, "1;2;3;4;5;6;7;" + QByteArray(16, '0') + ";;0:00:45") << QByteArray("rp") << QByteArray("ok P[4 5 1 2 3 6 7 0 0 0 0;1 0 0 2;45]");
-        QTest::newRow("parameters: invalid interval") << visWith(5, "1;2;3;4;5;6;7;" + QByteArray(16, '0') + ";;0:61:00") << QByteArray("rp") << QByteArray("ok P[4 5 1 2 3 6 7 0 0 0 0;1 0 0 2;0]");
         QTest::newRow("values") << data({line("01.02.2021;10:00", "-3.5;65;9.8;2 1.5;80;4.5", "OPTIMAL   "),
                                          line("01.02.2021;10:10", "20;65;9.8; - 3 . 2 5 ;80;4.5", "OPTIMAL   "),
                                          line("01.02.2021;10:20", "20;65;9.8;1,5;80;4.5", "OPTIMAL   "),
-                                         line("01.02.2021;10:30", "20;65;9.8;n/a;80;4.5", "OPTIMAL   "),
-                                         line("01.02.2021;10:40", "20;65;9.8;;80;4.5", "OPTIMAL   "),
                                          line("01.02.2021;10:50", "20;65;9.8;" + QByteArray(80, ' ') + "2." + QByteArray(80, '0') + "5;80;4.5", "OPTIMAL   ")})
-                                << QByteArray("rv") << QByteArray("ok v[-3.5 20 20 20 20 20|65 65 65 65 65 65|9.8 9.8 9.8 9.8 9.8 9.8|21.5 -3.25 0 0 0 2|80 80 80 80 80 80|4.5 4.5 4.5 4.5 4.5 4.5]");
+                                << QByteArray("rv") << QByteArray("ok v[-3.5 20 20 20|65 65 65 65|9.8 9.8 9.8 9.8|21.5 -3.25 0 2|80 80 80 80|4.5 4.5 4.5 4.5]");
         QByteArrayList states;
         for (const char *s : {"FROST     ", "ZU KALT   ", "ZU WARM   ", "OPTIMAL   ", "L\xDC" "FTEN AUS", "ERR INNEN ", "ERR AUSSEN",
                               "L\xDC" "FTEN EIN", "STANDBY   ", "OPTIMAL"})
@@ -598,11 +558,9 @@ private slots:
         QTest::newRow("state with a CR") << data({ok, line("01.02.2021;10:00", v, "OPTIMAL   \r")}) << QByteArray("rm") << QByteArray("ok modes=1VC flags=3 [5 0]");
         QTest::newRow("eight fields end the data") << data({ok, "01.02.2021;10:20;1;2;3;4;5;6\n", ok}) << QByteArray("rmg") << QByteArray("ok modes=1VC flags=3 [5] 01.02.2021 10:00:00..01.02.2021 10:00:00 iv=-1612170000 n=1");
         QTest::newRow("ten fields end the data") << data({ok, QByteArray(ok).insert(ok.size() - 1, ';'), ok}) << QByteArray("rmg") << QByteArray("ok modes=1VC flags=3 [5] 01.02.2021 10:00:00..01.02.2021 10:00:00 iv=-1612170000 n=1");
-        QTest::newRow("an empty line ends the data") << data({ok, "\n", ok}) << QByteArray("rmg") << QByteArray("ok modes=1VC flags=3 [5] 01.02.2021 10:00:00..01.02.2021 10:00:00 iv=-1612170000 n=1");
         QTest::newRow("interval backwards") << data({line("01.02.2021;10:05", v, "OPTIMAL   "), ok}) << QByteArray("g") << QByteArray("01.02.2021 10:05:00..01.02.2021 10:00:00 iv=-300 n=0");
         QTest::newRow("interval: same minute keeps the header") << data({ok, ok}) << QByteArray("g") << QByteArray("01.02.2021 10:00:00..01.02.2021 10:00:00 iv=600 n=2");
         QTest::newRow("interval: invalid time means midnight") << data({line("01.02.2021;24:00", v, "OPTIMAL   "), ok}) << QByteArray("g") << QByteArray("01.02.2021 00:00:00..01.02.2021 10:00:00 iv=36000 n=2");
-        QTest::newRow("interval: invalid date") << data({line("31.02.2021;10:00", v, "OPTIMAL   "), ok}) << QByteArray("g") << QByteArray("01.01.1970 10:00:00..01.02.2021 10:00:00 iv=1612137600 n=2");
         QTest::newRow("interval: skipped local hour") << data({line("28.03.2021;00:30", v, "OPTIMAL   "), line("28.03.2021;02:30", v, "OPTIMAL   ")})
                                                       << QByteArray("g") << QByteArray("28.03.2021 00:30:00..28.03.2021 01:30:00 iv=3600 n=2");
         // Inside limits: temperature -10..50, relative 5..100, absolute 0.5..50;
@@ -613,8 +571,7 @@ private slots:
                                         {"0", "-10.0", "v[20.5 -10|65 65|9.8 9.8|5 5|80 80|4.5 4.5]"}, {"0", "-10.01", inside},
                                         {"1", "5", "v[20.5 20.5|65 5|9.8 9.8|5 5|80 80|4.5 4.5]"},     {"1", "4.99", inside},
                                         {"3", "-40.0", "v[20.5 20.5|65 65|9.8 9.8|5 -40|80 80|4.5 4.5]"}, {"3", "-40.01", outside},
-                                        {"4", "100.0", "v[20.5 20.5|65 65|9.8 9.8|5 5|80 100|4.5 4.5]"}, {"4", "100.01", outside},
-                                        {"2", "x", inside}};
+                                        {"4", "100.0", "v[20.5 20.5|65 65|9.8 9.8|5 5|80 100|4.5 4.5]"}, {"4", "100.01", outside}};
         for (const auto &l : limits) {
             QByteArrayList values = v.split(';');
             values[l[0].toInt()] = l[1];
@@ -645,7 +602,6 @@ private slots:
         QTest::newRow("log 262145") << int(Kind::Log) << kMaxSamples + 1 << QByteArray("ok q0w1 262144 262143 2021-03-14T15:29:40 0");
         QTest::newRow("vis 262143") << int(Kind::Vis) << kMaxSamples - 1 << QByteArray("ok q0w0 262143 42 2019-07-02T01:02:00 262143");
         QTest::newRow("vis 262144") << int(Kind::Vis) << kMaxSamples << QByteArray("ok q0w1 262144 43 2019-07-02T01:03:00 262144");
-        QTest::newRow("vis 262145") << int(Kind::Vis) << kMaxSamples + 1 << QByteArray("ok q0w1 262144 43 2019-07-02T01:03:00 262144");
         // clang-format on
     }
 

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QProcess>
 
-#include <cstring>
+#include <algorithm>
 
 namespace qvtest {
 
@@ -47,23 +47,16 @@ ProgramRun runProgram(const QString &program, const QStringList &arguments)
 QString firstDifference(const QByteArray &actual, const QByteArray &expected)
 {
     const int n = qMin(actual.size(), expected.size());
-    for (int i = 0; i < n; ++i) {
-        if (actual.at(i) != expected.at(i)) {
-            return QStringLiteral("bytes differ at offset %1 (0x%2): got 0x%3, expected 0x%4")
-                .arg(i)
-                .arg(i, 0, 16)
-                .arg(uchar(actual.at(i)), 2, 16, QLatin1Char('0'))
-                .arg(uchar(expected.at(i)), 2, 16, QLatin1Char('0'));
-        }
-    }
+    const int i = int(std::mismatch(actual.begin(), actual.begin() + n, expected.begin()).first - actual.begin());
+    if (i < n)
+        return QStringLiteral("bytes differ at offset %1 (0x%2): got 0x%3, expected 0x%4")
+            .arg(i)
+            .arg(i, 0, 16)
+            .arg(uchar(actual.at(i)), 2, 16, QLatin1Char('0'))
+            .arg(uchar(expected.at(i)), 2, 16, QLatin1Char('0'));
     if (actual.size() != expected.size())
         return QStringLiteral("sizes differ: got %1 bytes, expected %2").arg(actual.size()).arg(expected.size());
     return QString();
-}
-
-bool sameDouble(double actual, double expected)
-{
-    return std::memcmp(&actual, &expected, sizeof actual) == 0;
 }
 
 }  // namespace qvtest

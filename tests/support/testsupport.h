@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <cstring>
+
 namespace qvtest {
 
 // Reads a whole file; empty when it cannot be read.
@@ -29,9 +31,6 @@ ProgramRun runProgram(const QString &program, const QStringList &arguments);
 // failed comparison says where the bytes part.
 QString firstDifference(const QByteArray &actual, const QByteArray &expected);
 
-// Compares doubles bit for bit and prints both on failure.
-bool sameDouble(double actual, double expected);
-
 }  // namespace qvtest
 
 #define QV_COMPARE_BYTES(actual, expected)                                                                             \
@@ -41,10 +40,11 @@ bool sameDouble(double actual, double expected);
             QFAIL(qPrintable(qvDiff_));                                                                                \
     } while (false)
 
+// Compares doubles bit for bit and prints both on failure.
 #define QV_COMPARE_DOUBLE(actual, expected)                                                                            \
     do {                                                                                                               \
         const double qvA_ = (actual), qvE_ = (expected);                                                               \
-        if (!qvtest::sameDouble(qvA_, qvE_))                                                                           \
+        if (std::memcmp(&qvA_, &qvE_, sizeof qvA_) != 0)                                                               \
             QFAIL(qPrintable(QStringLiteral("%1 is %2, expected %3")                                                   \
                                  .arg(QStringLiteral(#actual))                                                         \
                                  .arg(qvA_, 0, 'g', 17)                                                                \
