@@ -1,7 +1,7 @@
 // The desktop program: the shell's rules (recent list, command line, zoom
 // and display size, the main window's close prompt and dropped files), the
 // resources and the German catalogue.
-#include "app/scripteddialogs.h"
+#include "support/scripteddialogs.h"
 #include "app/shellfixture.h"
 #include "support/testsupport.h"
 

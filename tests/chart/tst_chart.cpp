@@ -3,7 +3,7 @@
 // chart; on the chart widget the row boxes and the zoom window, kept through
 // a print preview, the data selection dialog, wheel, drag and keys, the state
 // label and bands and the hover callout.
-#include "app/scripteddialogs.h"
+#include "support/scripteddialogs.h"
 #include "core/chart/chartplan.h"
 #include "core/chart/choosetable.h"
 #include "core/chart/pagelayout.h"

@@ -1,8 +1,8 @@
 // The chart settings and single-series dialogs, run from the chart widget
 // and worked through their widgets by object name; what the chart then
 // holds. The colour button's swatch and the drawing surface's mouse signals.
-#include "app/scripteddialogs.h"
-#include "app/shellfixture.h"
+#include "support/scripteddialogs.h"
+#include "support/widgetsupport.h"
 #include "core/model/fixedstring.h"
 #include "core/project/projectfile.h"
 #include "document/qvchartclass.h"

@@ -1,8 +1,8 @@
 // The chart widget as a document: Save and Save As through the redirected
 // dialogs, a failed save and what is kept after it, and the shared import
 // routine with its questions, warnings and failures.
-#include "app/scripteddialogs.h"
-#include "app/shellfixture.h"
+#include "support/scripteddialogs.h"
+#include "support/widgetsupport.h"
 #include "support/testsupport.h"
 
 #include "core/import/importkind.h"

@@ -1,4 +1,4 @@
-#include "app/shellfixture.h"
+#include "support/widgetsupport.h"
 
 #include "core/model/fixedstring.h"
 #include "core/project/projectfile.h"
