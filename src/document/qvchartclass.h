@@ -32,8 +32,9 @@ class QLineSeries;
 }
 
 namespace qv {
+enum class InputKind;
 struct FileResult;
-struct ImportKind;
+struct SamplingFormat;
 }  // namespace qv
 
 class QVChartClass : public QtCharts::QChartView
@@ -52,11 +53,10 @@ public:
     // Loads a project; asks for a file when file is null or empty.
     bool m_openProject(QString *file);
 
-    // New project from a sampling file; each asks for the file first unless
-    // one is given (a file dropped on the window or named at start).
-    bool m_importCSV(const QString &path = QString());
-    bool m_importDAT(const QString &path = QString());
-    bool m_importVap(const QString &path = QString());
+    // New project from a sampling file of the given kind; asks for the file
+    // first unless one is given (a file dropped on the window or named at
+    // start). False for a kind that is no sampling file.
+    bool m_importSampling(qv::InputKind kind, const QString &path = QString());
 
     // Builds the chart of the model into view (this widget, or a print view).
     void m_displayChart(QtCharts::QChartView *view, bool forPrint);
@@ -132,9 +132,9 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    // The import routine shared by the three kinds: file dialog (when no
+    // The import routine shared by the sampling formats: file dialog (when no
     // path is given), progress, core reader, rows, chart, import directory.
-    bool m_runImport(const qv::ImportKind &kind, const QString &givenPath = QString());
+    bool m_runImport(const qv::SamplingFormat &format, const QString &givenPath = QString());
 
 private:
     // Shows the rows as the model's row states say (ticks before connecting,

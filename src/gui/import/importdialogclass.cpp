@@ -5,25 +5,39 @@
 ImportDialogClass::ImportDialogClass(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui_importDialog>())
 {
     ui->setupUi(this);
-    connect(ui->buttonImportBIN, &QToolButton::clicked, this, &ImportDialogClass::s_datPressed);
-    connect(ui->buttonImportCSV, &QToolButton::clicked, this, &ImportDialogClass::s_csvPressed);
-    connect(ui->buttonImportVAPIX, &QToolButton::clicked, this, &ImportDialogClass::s_vapixPressed);
+    connect(ui->buttonImportBIN, &QToolButton::clicked, this, &ImportDialogClass::s_controllerLogPressed);
+    connect(ui->buttonImportCSV, &QToolButton::clicked, this, &ImportDialogClass::s_controllerCsvPressed);
+    connect(ui->buttonImportVAPIX, &QToolButton::clicked, this, &ImportDialogClass::s_visCsvPressed);
     type = kNone;
 }
 
 ImportDialogClass::~ImportDialogClass() = default;
 
-void ImportDialogClass::s_datPressed()
+qv::InputKind ImportDialogClass::m_getKind() const
+{
+    switch (type) {
+    case kControllerLog:
+        return qv::InputKind::ControllerLog;
+    case kControllerCsv:
+        return qv::InputKind::ControllerCsv;
+    case kVisCsv:
+        return qv::InputKind::VisCsv;
+    default:
+        return qv::InputKind::Unknown;
+    }
+}
+
+void ImportDialogClass::s_controllerLogPressed()
 {
     m_choose(kControllerLog);
 }
 
-void ImportDialogClass::s_csvPressed()
+void ImportDialogClass::s_controllerCsvPressed()
 {
     m_choose(kControllerCsv);
 }
 
-void ImportDialogClass::s_vapixPressed()
+void ImportDialogClass::s_visCsvPressed()
 {
     m_choose(kVisCsv);
 }

@@ -1,4 +1,4 @@
-#include "core/import/visformat.h"
+#include "core/import/viscsvformat.h"
 
 #include "core/import/csvnumber.h"
 #include "core/model/fixedstring.h"
