@@ -24,7 +24,7 @@ QLabel *pictureLabel(const char *resource, int size, QWidget *parent)
 
 }  // namespace
 
-AboutDialogClass::AboutDialogClass(quint32 language, QWidget *parent) : QDialog(parent)
+AboutDialogClass::AboutDialogClass(qv::Language language, QWidget *parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("aboutDialog"));
     setWindowTitle(tr("About Quorvanta"));
@@ -74,10 +74,10 @@ AboutDialogClass::AboutDialogClass(quint32 language, QWidget *parent) : QDialog(
     grid->setColumnStretch(1, 1);
 }
 
-QString AboutDialogClass::m_pagePath(quint32 language)
+QString AboutDialogClass::m_pagePath(qv::Language language)
 {
-    return language == 1 ? QStringLiteral(":/new/prefix1/resources/about_de.html")
-                         : QStringLiteral(":/new/prefix1/resources/about_en.html");
+    return language == qv::Language::German ? QStringLiteral(":/new/prefix1/resources/about_de.html")
+                                            : QStringLiteral(":/new/prefix1/resources/about_en.html");
 }
 
 void AboutDialogClass::s_cornerPressed()

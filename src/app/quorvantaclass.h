@@ -3,6 +3,8 @@
 // (the open project) in its scroll area.
 #pragma once
 
+#include "gui/ui/language.h"
+
 #include <QByteArray>
 #include <QMainWindow>
 #include <QPointer>
@@ -103,7 +105,7 @@ private:
     QSize fittedSize{-1, -1};
     QTimer *autoSaveTimer = nullptr;
     qint32 autoSaveTicks = 0;
-    quint32 language = 0;
+    qv::Language language = qv::Language::English;
     QTranslator *appTranslator;
     QTranslator *qtTranslator;
     QPointer<WebUpdateClass> webUpdate;

@@ -36,9 +36,9 @@ void QuorvantaClass::m_removeTranslators()
 
 void QuorvantaClass::s_deutsch()
 {
-    if (language == 1)
+    if (language == qv::Language::German)
         return;
-    language = 1;
+    language = qv::Language::German;
     m_removeTranslators();
     // A catalogue that is missing is simply not installed.
     if (appTranslator->load(QStringLiteral(":/new/prefix1/resources/Quorvanta_de.qm")))
@@ -50,9 +50,9 @@ void QuorvantaClass::s_deutsch()
 
 void QuorvantaClass::s_english()
 {
-    if (language == 0)
+    if (language == qv::Language::English)
         return;
-    language = 0;
+    language = qv::Language::English;
     m_removeTranslators();
     m_retranslate();
 }

@@ -47,7 +47,7 @@ void QuorvantaClass::m_readSettings()
     helpPos = s.value(QStringLiteral("HelpPos"), QByteArray()).toByteArray();
     helpState = s.value(QStringLiteral("HelpState"), QByteArray()).toByteArray();
     recentFiles = s.value(QStringLiteral("RecentFiles"), QStringList()).toStringList().mid(0, qv::kMaxRecentFiles);
-    language = s.value(QStringLiteral("Language"), 1u).toUInt();
+    language = qv::Language(s.value(QStringLiteral("Language"), quint32(qv::Language::German)).toUInt());
     projectDir = s.value(QStringLiteral("ProjectDir"), projectDir).toString();
     importDir = s.value(QStringLiteral("ImportDir"), importDir).toString();
     updateServer = s.value(QStringLiteral("UpdateServer")).toString();  // read only, set by hand
@@ -60,8 +60,8 @@ void QuorvantaClass::m_readSettings()
     ui->actionAutoUpdate->setChecked(s.value(QStringLiteral("Update"), false).toBool());
     ui->actionAutoSave->setChecked(s.value(QStringLiteral("AutoSave"), false).toBool());
 
-    if (language == 1) {
-        language = 255;
+    if (language == qv::Language::German) {
+        language = qv::Language::Unset;
         s_deutsch();
     }
 }
@@ -76,7 +76,7 @@ void QuorvantaClass::m_saveSettings()
     s.setValue(QStringLiteral("HelpPos"), helpPos);
     s.setValue(QStringLiteral("HelpState"), helpState);
     s.setValue(QStringLiteral("RecentFiles"), recentFiles);
-    s.setValue(QStringLiteral("Language"), language);
+    s.setValue(QStringLiteral("Language"), quint32(language));
     s.setValue(QStringLiteral("Update"), ui->actionAutoUpdate->isChecked());
     s.setValue(QStringLiteral("AutoSave"), ui->actionAutoSave->isChecked());
     s.setValue(QStringLiteral("ProjectDir"), projectDir);

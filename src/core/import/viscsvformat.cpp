@@ -180,7 +180,7 @@ void g_checkVisPlausibility(ChartModel &model)
     double *values[kVisDataSets];
     for (int i = 0; i < kVisDataSets; ++i)
         values[i] = model.data(i)->value;
-    const int n = qBound(0, int(model.data(0)->count), kMaxSamples);
+    const int n = g_sampleCount(model.data(0)->count);
     for (int k = 0; k < n; ++k) {
         for (const Check &c : kChecks) {
             const double v = values[c.set][k];

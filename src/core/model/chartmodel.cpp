@@ -80,8 +80,8 @@ void g_initSettings(settingsT &s, quint32 changedTime)
     std::memcpy(s.version, "0001", 4);
     s.changedTime = changedTime;
     s.flags = kFlagShowTitle;
-    s.legendPosition = 3;
-    s.lineType = 1;
+    s.legendPosition = quint8(LegendPosition::Bottom);
+    s.lineType = quint8(LineType::Straight);
     for (int i = 0; i < kMaxDataSets; ++i) {
         s.lineFlags[i] = i < 3   ? kLineShown | kLineOwnAxis
                          : i < 6 ? kLineShown | kLineOwnAxis | kLineAxisRight
@@ -145,7 +145,7 @@ int ChartModel::usedDataSets() const
 qint32 ChartModel::countRange() const
 {
     const _chartDataType &d = *m_data[0];
-    const int n = qBound(0, int(d.count), kMaxSamples);
+    const int n = g_sampleCount(d.count);
     qint32 count = 0;
     for (int k = 0; k < n; ++k) {
         if (d.time[k] >= settings.rangeBegin && d.time[k] <= settings.rangeEnd)

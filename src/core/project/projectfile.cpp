@@ -143,7 +143,7 @@ int versionOf(const QByteArray &magic)
 // Files of version 1.3 numbered the mode codes one lower from code 10 upward.
 void raiseVersion13Codes(modeCodesT &codes)
 {
-    const int n = qBound(0, int(codes.count), kMaxSamples);
+    const int n = g_sampleCount(codes.count);
     for (int k = 0; k < n; ++k) {
         if (codes.code[k] >= 10)
             codes.code[k] = qint8(quint8(codes.code[k]) + 1);
