@@ -1,8 +1,9 @@
 #include "core/model/chartmodel.h"
 
+#include "core/base/pages.h"
+
 #include <QDateTime>
 
-#include <cstdlib>
 #include <cstring>
 
 #ifdef Q_OS_LINUX
@@ -31,31 +32,6 @@ constexpr std::size_t kStoreBytes = alignUp(sizeof(_chartDataType));
 constexpr std::size_t kModeBytes = alignUp(sizeof(modeCodesT));
 constexpr std::size_t kBlockBytes =
     alignUp((kMaxDataSets + 1) * kStoreBytes + 2 * kModeBytes + sizeof(modeParametersT));
-
-// A zero-filled block whose pages are only backed by memory once written.
-void *allocateZeroed()
-{
-#ifdef Q_OS_LINUX
-    void *p = mmap(nullptr, kBlockBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (p == MAP_FAILED)
-        return nullptr;
-    // Large pages where the system offers them: an import that fills the
-    // stores then takes a few dozen page faults instead of sixteen thousand.
-    madvise(p, kBlockBytes, MADV_HUGEPAGE);
-    return p;
-#else
-    return std::calloc(1, kBlockBytes);
-#endif
-}
-
-void releaseBlock(void *p)
-{
-#ifdef Q_OS_LINUX
-    munmap(p, kBlockBytes);
-#else
-    std::free(p);
-#endif
-}
 
 void zeroStore(_chartDataType *store)
 {
@@ -94,7 +70,7 @@ void g_initSettings(settingsT &s, quint32 changedTime)
 ChartModel::ChartModel()
 {
     // Zero pages are handed out lazily, so an unused store costs no memory.
-    m_block = allocateZeroed();
+    m_block = g_allocatePages(kBlockBytes);
     if (!m_block)
         qFatal("Quorvanta: not enough memory for the chart model");
     auto *p = static_cast<unsigned char *>(m_block);
@@ -113,7 +89,7 @@ ChartModel::ChartModel()
 
 ChartModel::~ChartModel()
 {
-    releaseBlock(m_block);
+    g_releasePages(m_block, kBlockBytes);
 }
 
 void ChartModel::clearStores()
