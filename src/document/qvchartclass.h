@@ -15,6 +15,7 @@
 #include <QString>
 #include <QtCharts/QChartView>
 
+#include <functional>
 #include <memory>
 
 class QCheckBox;
@@ -142,6 +143,11 @@ private:
     void m_showRows();
     // Row box index follows the record: name, tick (without a redraw).
     void m_showRow(int index);
+    // Runs a dialog that edits its own copy of the settings record (edited).
+    // Only an accepted dialog's copy replaces the record; then apply() brings
+    // the rest of the document in line and the chart is drawn anew. The
+    // dialog goes by deferred deletion either way. True when accepted.
+    bool m_runSettingsDialog(QDialog *dialog, const settingsT &edited, const std::function<void()> &apply);
     // Shows why a load or import failed and releases what it held; false.
     bool m_fail(const qv::FileResult &result, QDialog *progress);
     void m_setWaitCursor();
