@@ -1,6 +1,6 @@
 #include "app/aboutdialogclass.h"
 
-#include "app/quorvantaclass.h"
+#include "core/base/version.h"
 #include "gui/ui/dialogseam.h"
 
 #include <QDialogButtonBox>
@@ -56,7 +56,7 @@ AboutDialogClass::AboutDialogClass(qv::Language language, QWidget *parent) : QDi
     auto *name = new QLabel(QStringLiteral("<b style=\"font-size:18pt\">Quorvanta</b>"), body);
     name->setObjectName(QStringLiteral("labelName"));
     layout->addWidget(name, 0, 1);
-    auto *version = new QLabel(tr("Version %1").arg(QString::fromLatin1(QuorvantaClass::kVersion)), body);
+    auto *version = new QLabel(tr("Version %1").arg(QString::fromLatin1(QV_VERSION_STRING)), body);
     version->setObjectName(QStringLiteral("labelVersion"));
     layout->addWidget(version, 1, 1);
     auto *page = new QTextBrowser(body);

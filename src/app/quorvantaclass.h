@@ -28,9 +28,6 @@ class QuorvantaClass : public QMainWindow
     Q_OBJECT
 
 public:
-    static constexpr int kVersionNumber = 18100;
-    static const char *const kVersion;  // "1.8.100"
-
     // showStartScreen is false only where the window is built without a
     // person watching (tests, tools).
     explicit QuorvantaClass(const QString &appDir, QWidget *parent = nullptr, bool showStartScreen = true);

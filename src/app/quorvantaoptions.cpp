@@ -2,6 +2,7 @@
 #include "app/quorvantaclass.h"
 
 #include "app/appexit.h"
+#include "core/base/version.h"
 #include "document/qvchartclass.h"
 #include "gui/help/helpwindowclass.h"
 #include "gui/ui/dialogseam.h"
@@ -130,7 +131,7 @@ void QuorvantaClass::m_checkUpdate()
 {
     if (!ui->actionAutoUpdate->isChecked())
         return;
-    webUpdate = new WebUpdateClass(QString::fromLatin1(kVersion), updateServerUrl(updateServer), this);
+    webUpdate = new WebUpdateClass(QString::fromLatin1(QV_VERSION_STRING), updateServerUrl(updateServer), this);
     connect(webUpdate, &WebUpdateClass::m_webUpdateReady, this, &QuorvantaClass::s_webUpdateReady);
 }
 
@@ -151,7 +152,7 @@ void QuorvantaClass::s_webUpdateReady(int found)
 
 void QuorvantaClass::s_update()
 {
-    QVUpdateClass dialog(this, QString::fromLatin1(kVersion), settingsDir, updateServerUrl(updateServer));
+    QVUpdateClass dialog(this, QString::fromLatin1(QV_VERSION_STRING), settingsDir, updateServerUrl(updateServer));
     if (qv::g_execDialog(dialog) != QDialog::Accepted)
         return;
     // Close only when what was saved can be started: after the window has

@@ -1,6 +1,7 @@
 // The user's settings store: read at start, written when the window closes.
 #include "app/quorvantaclass.h"
 
+#include "core/base/version.h"
 #include "core/chart/displaysize.h"
 #include "core/project/recentfiles.h"
 #include "ui_quorvanta.h"
@@ -34,7 +35,6 @@ void QuorvantaClass::m_readSettings()
     const std::unique_ptr<QSettings> store = openSettings();
     QSettings &s = *store;
     settingsDir = m_getSettingsDir();
-    s.value(QStringLiteral("Version"), kVersionNumber).toInt();  // read, not used
     if (s.contains(QStringLiteral("AppPos"))) {
         restoreGeometry(s.value(QStringLiteral("AppPos")).toByteArray());
     } else if (const QScreen *screen = QGuiApplication::primaryScreen()) {
@@ -70,7 +70,7 @@ void QuorvantaClass::m_saveSettings()
 {
     const std::unique_ptr<QSettings> store = openSettings();
     QSettings &s = *store;
-    s.setValue(QStringLiteral("Version"), kVersionNumber);
+    s.setValue(QStringLiteral("Version"), QV_VERSION_NUMBER);
     s.setValue(QStringLiteral("AppPos"), saveGeometry());
     s.setValue(QStringLiteral("AppState"), saveState());
     s.setValue(QStringLiteral("HelpPos"), helpPos);

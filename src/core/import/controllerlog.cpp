@@ -4,6 +4,7 @@
 #include "core/import/controllerlogformat.h"
 #include "core/import/controllerstate.h"
 #include "core/import/controllersteps.h"
+#include "core/model/devicestate.h"
 #include "core/model/fixedstring.h"
 
 #include <QDir>
@@ -25,7 +26,6 @@ const char *const kAskFixOverflow = QT_TRANSLATE_NOOP("QVChartClass", "Try to fi
 namespace {
 
 constexpr quint32 kNoDataRow = 0xBAADF00Du;
-constexpr qint8 kStateNoData = 10;
 
 // A sibling log after its checks: the header, its rows and its window (with
 // the repair of the sensor log applied).
@@ -258,7 +258,7 @@ bool ControllerLogImport::readStateLog(const SiblingLog &log)
     const LogRing ring(log.data, log.header.count, log.header.capacity);
     qint64 row = log.window.start - k;
     for (qint64 n = 0; n < count; ++n) {
-        qint8 state = kStateNoData;
+        qint8 state = qint8(DeviceState::NoData);
         if (row >= 0 && ring.word(row, 0) != kNoDataRow)
             state =
                 g_controllerState(ring.word(row, 1), ring.word(row, 2), qint32(ring.word(row, 3)), ring.word(row, 4));

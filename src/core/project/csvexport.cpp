@@ -1,7 +1,7 @@
 #include "core/project/csvexport.h"
 
 #include "core/base/regularfile.h"
-#include "core/chart/zoomwindow.h"
+#include "core/model/devicestate.h"
 #include "core/model/fixedstring.h"
 
 #include <QDateTime>
