@@ -169,7 +169,7 @@ QString applyRule(const QString &rule, const QString &input)
     const QVector<double> a = nums(f.value(0)), b = nums(f.value(1)), c = nums(f.value(2)), d = nums(f.value(3));
     auto model = std::make_unique<ChartModel>();
     if (rule == QLatin1String("group"))  // samples, print, line type
-        return QString::number(g_groupSize(int(a[0]), a[1] != 0, quint8(a[2])));
+        return QString::number(g_groupSize(int(a[0]), a[1] != 0, qv::LineType(a[2])));
     if (rule == QLatin1String("reduce")) {  // times (none: 0, 10, ...) | values | states | begin end group [count]
         fill(*model->data(0), a.isEmpty() ? tens(b.size()) : a, b);
         model->data(0)->count = int(d.value(3, model->data(0)->count));

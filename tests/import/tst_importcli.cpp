@@ -5,7 +5,7 @@
 #include "csvtesthelpers.h"
 #include "support/testsupport.h"
 
-#include "core/import/inputtype.h"
+#include "core/import/inputkind.h"
 #include "core/project/inputreader.h"
 #include "core/project/projectfile.h"
 
@@ -67,7 +67,7 @@ private slots:
         }
         ChartModel model;
         ScriptedHost host(true);
-        const FileResult direct = g_readInput(g_detectInputType(path), path, model, host);
+        const FileResult direct = g_readInput(g_detectInputKind(path), path, model, host);
         QVERIFY2(direct.ok, direct.message);
         QVERIFY(model.data(0)->count > 0);
         SaveOptions save;
@@ -104,7 +104,7 @@ private slots:
         ChartModel model;
         ScriptedHost host;
         const FileResult r =
-            g_readInput(type.isEmpty() ? g_detectInputType(path) : g_inputTypeFromName(type), path, model, host);
+            g_readInput(type.isEmpty() ? g_detectInputKind(path) : g_inputKindFromName(type), path, model, host);
         QCOMPARE(QByteArray(r.message), QByteArray("Error reading file!"));
         QVERIFY(!r.ok && r.critical());
     }
