@@ -106,7 +106,8 @@ int main(int argc, char *argv[])
     // QV_BENCH_GESTURES=1 measures the gestures only (for a profiler).
     const bool gesturesOnly = qEnvironmentVariableIntValue("QV_BENCH_GESTURES") == 1;
     if (!gesturesOnly) {
-        const int group = qv::g_groupSize(model.settings.rangeSampleCount, false, model.settings.lineType);
+        const int group =
+            qv::g_groupSize(model.settings.rangeSampleCount, false, qv::LineType(model.settings.lineType));
         report("reduction of 16 data sets (core only)", [&] {
             for (int i = 0; i < 16; ++i)
                 qv::g_reduceSamples(*model.data(i), *model.modeCodes(), model.settings.rangeBegin,
@@ -126,13 +127,13 @@ int main(int argc, char *argv[])
         });
         report("legend statistics (m_setMinMaxAvg)",
                [&] { widget->m_setMinMaxAvg(widget->chart(), model.settings.rangeBegin, model.settings.rangeEnd); });
-        model.settings.lineType = 2;
+        model.settings.lineType = quint8(qv::LineType::Spline);
         report("rebuild, spline chart", [&] {
             widget->m_displayChart(widget.get(), false);
             releaseDeferred();
         });
         report("paint, spline chart", [&] { widget->grab(); });
-        model.settings.lineType = 1;
+        model.settings.lineType = quint8(qv::LineType::Straight);
     }
 
     // The living chart, shown: real wheel and mouse events on the viewport,

@@ -6,7 +6,7 @@
 // toDouble import, whose times and values must be the same.
 #include "benchutil.h"
 
-#include "core/import/csvimport.h"
+#include "core/import/controllercsv.h"
 #include "core/model/chartmodel.h"
 
 #include <QCoreApplication>

@@ -3,7 +3,7 @@
 // types. Prints the best of five runs; the target is 0.3 s.
 #include "benchutil.h"
 
-#include "core/import/logimport.h"
+#include "core/import/controllerlog.h"
 #include "core/model/chartmodel.h"
 #include "logwriter.h"
 

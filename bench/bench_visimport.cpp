@@ -3,7 +3,7 @@
 // Target: at most 0.5 s.
 #include "benchutil.h"
 
-#include "core/import/visimport.h"
+#include "core/import/viscsv.h"
 #include "core/model/chartmodel.h"
 
 #include <QCoreApplication>

@@ -15,18 +15,23 @@ install(FILES ${PROJECT_SOURCE_DIR}/resources/icons/Quorvanta.svg
   DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps RENAME quorvanta.svg)
 install(FILES ${QV_PACKAGING}/copyright DESTINATION ${QV_DOC_DIR})
 
+# The manual pages name the version of project(VERSION).
+foreach(page quorvanta.1 quorvanta-cli.1)
+  configure_file(${PROJECT_SOURCE_DIR}/man/${page}.in ${CMAKE_BINARY_DIR}/man/${page} @ONLY)
+endforeach()
+
 # Manual pages and the changelog go in gzipped, without a time stamp in the
 # gzip header, so the package is reproducible.
 find_program(QV_GZIP gzip REQUIRED)
 set(QV_GZIPPED)
-foreach(source man/quorvanta.1 man/quorvanta-cli.1 packaging/changelog)
+foreach(source ${CMAKE_BINARY_DIR}/man/quorvanta.1 ${CMAKE_BINARY_DIR}/man/quorvanta-cli.1 ${QV_PACKAGING}/changelog)
   get_filename_component(name ${source} NAME)
   set(out ${CMAKE_BINARY_DIR}/packaging/${name}.gz)
   add_custom_command(
     OUTPUT ${out}
-    COMMAND ${CMAKE_COMMAND} -E copy ${PROJECT_SOURCE_DIR}/${source} ${CMAKE_BINARY_DIR}/packaging/${name}
+    COMMAND ${CMAKE_COMMAND} -E copy ${source} ${CMAKE_BINARY_DIR}/packaging/${name}
     COMMAND ${QV_GZIP} -9nf ${CMAKE_BINARY_DIR}/packaging/${name}
-    DEPENDS ${PROJECT_SOURCE_DIR}/${source}
+    DEPENDS ${source}
     COMMENT "Compressing ${name}"
     VERBATIM)
   list(APPEND QV_GZIPPED ${out})

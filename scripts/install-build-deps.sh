@@ -9,4 +9,4 @@ $SUDO apt-get install -y -q --no-install-recommends \
   build-essential cmake ninja-build ccache pkg-config zlib1g-dev libdeflate-dev \
   qtbase5-dev libqt5charts5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools \
   qttranslations5-l10n libqt5svg5 qt5-image-formats-plugins \
-  libgtest-dev libbenchmark-dev clang-format poppler-utils
+  clang-format poppler-utils

@@ -89,7 +89,7 @@ void g_synthesiseRecording(ChartModel &model, const SynthOptions &o)
 {
     settingsT &s = model.settings;
     const int sets = qBound(1, o.dataSets, kMaxDataSets);
-    const int samples = qBound(0, o.samples, kMaxSamples);
+    const int samples = g_sampleCount(o.samples);
     Random random(o.seed);
     const double pi = 3.14159265358979323846;
     const qint64 step = qint64(o.intervalSeconds) * 1000;

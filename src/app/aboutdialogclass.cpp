@@ -1,6 +1,6 @@
 #include "app/aboutdialogclass.h"
 
-#include "app/quorvantaclass.h"
+#include "core/base/version.h"
 #include "gui/ui/dialogseam.h"
 
 #include <QDialogButtonBox>
@@ -24,7 +24,7 @@ QLabel *pictureLabel(const char *resource, int size, QWidget *parent)
 
 }  // namespace
 
-AboutDialogClass::AboutDialogClass(quint32 language, QWidget *parent) : QDialog(parent)
+AboutDialogClass::AboutDialogClass(qv::Language language, QWidget *parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("aboutDialog"));
     setWindowTitle(tr("About Quorvanta"));
@@ -56,7 +56,7 @@ AboutDialogClass::AboutDialogClass(quint32 language, QWidget *parent) : QDialog(
     auto *name = new QLabel(QStringLiteral("<b style=\"font-size:18pt\">Quorvanta</b>"), body);
     name->setObjectName(QStringLiteral("labelName"));
     layout->addWidget(name, 0, 1);
-    auto *version = new QLabel(tr("Version %1").arg(QString::fromLatin1(QuorvantaClass::kVersion)), body);
+    auto *version = new QLabel(tr("Version %1").arg(QString::fromLatin1(QV_VERSION_STRING)), body);
     version->setObjectName(QStringLiteral("labelVersion"));
     layout->addWidget(version, 1, 1);
     auto *page = new QTextBrowser(body);
@@ -74,10 +74,10 @@ AboutDialogClass::AboutDialogClass(quint32 language, QWidget *parent) : QDialog(
     grid->setColumnStretch(1, 1);
 }
 
-QString AboutDialogClass::m_pagePath(quint32 language)
+QString AboutDialogClass::m_pagePath(qv::Language language)
 {
-    return language == 1 ? QStringLiteral(":/new/prefix1/resources/about_de.html")
-                         : QStringLiteral(":/new/prefix1/resources/about_en.html");
+    return language == qv::Language::German ? QStringLiteral(":/new/prefix1/resources/about_de.html")
+                                            : QStringLiteral(":/new/prefix1/resources/about_en.html");
 }
 
 void AboutDialogClass::s_cornerPressed()

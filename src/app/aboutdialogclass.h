@@ -2,6 +2,8 @@
 // buttons in its corners open the dew point oracle.
 #pragma once
 
+#include "gui/ui/language.h"
+
 #include <QDialog>
 
 class QToolButton;
@@ -11,10 +13,10 @@ class AboutDialogClass : public QDialog
     Q_OBJECT
 
 public:
-    // language: 0 English, 1 German (chooses the page).
-    AboutDialogClass(quint32 language, QWidget *parent);
+    // The language chooses the page: German, or English for any other.
+    AboutDialogClass(qv::Language language, QWidget *parent);
 
-    static QString m_pagePath(quint32 language);
+    static QString m_pagePath(qv::Language language);
 
 private slots:
     void s_cornerPressed();

@@ -14,8 +14,6 @@
 #include <QCloseEvent>
 #include <QTranslator>
 
-const char *const QuorvantaClass::kVersion = "1.8.100";
-
 QuorvantaClass::QuorvantaClass(const QString &appDir, QWidget *parent, bool showStartScreen)
     : QMainWindow(parent), ui(std::make_unique<Ui_Quorvanta>()), appDir(appDir), zoom(qv::kZoomFitPage),
       appTranslator(new QTranslator(this)), qtTranslator(new QTranslator(this))

@@ -3,6 +3,8 @@
 // (the open project) in its scroll area.
 #pragma once
 
+#include "gui/ui/language.h"
+
 #include <QByteArray>
 #include <QMainWindow>
 #include <QPointer>
@@ -26,9 +28,6 @@ class QuorvantaClass : public QMainWindow
     Q_OBJECT
 
 public:
-    static constexpr int kVersionNumber = 18100;
-    static const char *const kVersion;  // "1.8.100"
-
     // showStartScreen is false only where the window is built without a
     // person watching (tests, tools).
     explicit QuorvantaClass(const QString &appDir, QWidget *parent = nullptr, bool showStartScreen = true);
@@ -103,7 +102,7 @@ private:
     QSize fittedSize{-1, -1};
     QTimer *autoSaveTimer = nullptr;
     qint32 autoSaveTicks = 0;
-    quint32 language = 0;
+    qv::Language language = qv::Language::English;
     QTranslator *appTranslator;
     QTranslator *qtTranslator;
     QPointer<WebUpdateClass> webUpdate;

@@ -3,7 +3,7 @@
 // new project through the importer of its kind.
 #include "app/quorvantaclass.h"
 
-#include "core/import/inputtype.h"
+#include "core/import/inputkind.h"
 #include "document/qvchartclass.h"
 
 #include <QDragEnterEvent>
@@ -20,17 +20,17 @@ QString droppedFile(const QMimeData *mime)
     if (!mime || !mime->hasUrls() || mime->urls().size() != 1 || !mime->urls().first().isLocalFile())
         return QString();
     const QString path = mime->urls().first().toLocalFile();
-    return qv::g_detectInputType(path) == qv::InputType::Unknown ? QString() : path;
+    return qv::g_detectInputKind(path) == qv::InputKind::Unknown ? QString() : path;
 }
 
 }  // namespace
 
 bool QuorvantaClass::m_openFile(const QString &path)
 {
-    const qv::InputType type = qv::g_detectInputType(path);
-    if (type == qv::InputType::Unknown)
+    const qv::InputKind kind = qv::g_detectInputKind(path);
+    if (kind == qv::InputKind::Unknown)
         return false;
-    if (type == qv::InputType::Project) {
+    if (kind == qv::InputKind::Project) {
         s_openProject(path);
         return true;
     }
@@ -41,19 +41,7 @@ bool QuorvantaClass::m_openFile(const QString &path)
     s_newProject(true);
     if (!chart)
         return true;
-    bool imported = false;
-    switch (type) {
-    case qv::InputType::ControllerCsv:
-        imported = chart->m_importCSV(path);
-        break;
-    case qv::InputType::ControllerLog:
-        imported = chart->m_importDAT(path);
-        break;
-    default:
-        imported = chart->m_importVap(path);
-        break;
-    }
-    if (!imported) {
+    if (!chart->m_importSampling(kind, path)) {
         setWindowModified(false);
         s_closeProject();
         return true;

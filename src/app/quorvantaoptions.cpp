@@ -2,6 +2,7 @@
 #include "app/quorvantaclass.h"
 
 #include "app/appexit.h"
+#include "core/base/version.h"
 #include "document/qvchartclass.h"
 #include "gui/help/helpwindowclass.h"
 #include "gui/ui/dialogseam.h"
@@ -36,9 +37,9 @@ void QuorvantaClass::m_removeTranslators()
 
 void QuorvantaClass::s_deutsch()
 {
-    if (language == 1)
+    if (language == qv::Language::German)
         return;
-    language = 1;
+    language = qv::Language::German;
     m_removeTranslators();
     // A catalogue that is missing is simply not installed.
     if (appTranslator->load(QStringLiteral(":/new/prefix1/resources/Quorvanta_de.qm")))
@@ -50,9 +51,9 @@ void QuorvantaClass::s_deutsch()
 
 void QuorvantaClass::s_english()
 {
-    if (language == 0)
+    if (language == qv::Language::English)
         return;
-    language = 0;
+    language = qv::Language::English;
     m_removeTranslators();
     m_retranslate();
 }
@@ -130,7 +131,7 @@ void QuorvantaClass::m_checkUpdate()
 {
     if (!ui->actionAutoUpdate->isChecked())
         return;
-    webUpdate = new WebUpdateClass(QString::fromLatin1(kVersion), updateServerUrl(updateServer), this);
+    webUpdate = new WebUpdateClass(QString::fromLatin1(QV_VERSION_STRING), updateServerUrl(updateServer), this);
     connect(webUpdate, &WebUpdateClass::m_webUpdateReady, this, &QuorvantaClass::s_webUpdateReady);
 }
 
@@ -151,7 +152,7 @@ void QuorvantaClass::s_webUpdateReady(int found)
 
 void QuorvantaClass::s_update()
 {
-    QVUpdateClass dialog(this, QString::fromLatin1(kVersion), settingsDir, updateServerUrl(updateServer));
+    QVUpdateClass dialog(this, QString::fromLatin1(QV_VERSION_STRING), settingsDir, updateServerUrl(updateServer));
     if (qv::g_execDialog(dialog) != QDialog::Accepted)
         return;
     // Close only when what was saved can be started: after the window has

@@ -1,6 +1,7 @@
 // Project lifecycle of the main window: new, open, recent, close.
 #include "app/quorvantaclass.h"
 
+#include "core/import/inputkind.h"
 #include "core/project/recentfiles.h"
 #include "document/qvchartclass.h"
 #include "gui/import/importdialogclass.h"
@@ -20,27 +21,13 @@ void QuorvantaClass::s_newProject(bool open)
     m_connectChart();
 
     if (!open) {
-        int type = ImportDialogClass::kNone;
+        qv::InputKind kind = qv::InputKind::Unknown;
         {
             ImportDialogClass dialog(this);
             qv::g_execDialog(dialog);
-            type = dialog.m_getType();
+            kind = dialog.m_getKind();
         }
-        bool imported = false;
-        switch (type) {
-        case ImportDialogClass::kControllerCsv:
-            imported = chart->m_importCSV();
-            break;
-        case ImportDialogClass::kVisCsv:
-            imported = chart->m_importVap();
-            break;
-        case ImportDialogClass::kControllerLog:
-            imported = chart->m_importDAT();
-            break;
-        default:
-            break;
-        }
-        if (!imported) {
+        if (!chart->m_importSampling(kind)) {
             setWindowModified(false);
             s_closeProject();
             return;

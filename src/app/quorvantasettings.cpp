@@ -1,6 +1,7 @@
 // The user's settings store: read at start, written when the window closes.
 #include "app/quorvantaclass.h"
 
+#include "core/base/version.h"
 #include "core/chart/displaysize.h"
 #include "core/project/recentfiles.h"
 #include "ui_quorvanta.h"
@@ -34,7 +35,6 @@ void QuorvantaClass::m_readSettings()
     const std::unique_ptr<QSettings> store = openSettings();
     QSettings &s = *store;
     settingsDir = m_getSettingsDir();
-    s.value(QStringLiteral("Version"), kVersionNumber).toInt();  // read, not used
     if (s.contains(QStringLiteral("AppPos"))) {
         restoreGeometry(s.value(QStringLiteral("AppPos")).toByteArray());
     } else if (const QScreen *screen = QGuiApplication::primaryScreen()) {
@@ -47,7 +47,7 @@ void QuorvantaClass::m_readSettings()
     helpPos = s.value(QStringLiteral("HelpPos"), QByteArray()).toByteArray();
     helpState = s.value(QStringLiteral("HelpState"), QByteArray()).toByteArray();
     recentFiles = s.value(QStringLiteral("RecentFiles"), QStringList()).toStringList().mid(0, qv::kMaxRecentFiles);
-    language = s.value(QStringLiteral("Language"), 1u).toUInt();
+    language = qv::Language(s.value(QStringLiteral("Language"), quint32(qv::Language::German)).toUInt());
     projectDir = s.value(QStringLiteral("ProjectDir"), projectDir).toString();
     importDir = s.value(QStringLiteral("ImportDir"), importDir).toString();
     updateServer = s.value(QStringLiteral("UpdateServer")).toString();  // read only, set by hand
@@ -60,8 +60,8 @@ void QuorvantaClass::m_readSettings()
     ui->actionAutoUpdate->setChecked(s.value(QStringLiteral("Update"), false).toBool());
     ui->actionAutoSave->setChecked(s.value(QStringLiteral("AutoSave"), false).toBool());
 
-    if (language == 1) {
-        language = 255;
+    if (language == qv::Language::German) {
+        language = qv::Language::Unset;
         s_deutsch();
     }
 }
@@ -70,13 +70,13 @@ void QuorvantaClass::m_saveSettings()
 {
     const std::unique_ptr<QSettings> store = openSettings();
     QSettings &s = *store;
-    s.setValue(QStringLiteral("Version"), kVersionNumber);
+    s.setValue(QStringLiteral("Version"), QV_VERSION_NUMBER);
     s.setValue(QStringLiteral("AppPos"), saveGeometry());
     s.setValue(QStringLiteral("AppState"), saveState());
     s.setValue(QStringLiteral("HelpPos"), helpPos);
     s.setValue(QStringLiteral("HelpState"), helpState);
     s.setValue(QStringLiteral("RecentFiles"), recentFiles);
-    s.setValue(QStringLiteral("Language"), language);
+    s.setValue(QStringLiteral("Language"), quint32(language));
     s.setValue(QStringLiteral("Update"), ui->actionAutoUpdate->isChecked());
     s.setValue(QStringLiteral("AutoSave"), ui->actionAutoSave->isChecked());
     s.setValue(QStringLiteral("ProjectDir"), projectDir);

@@ -1,5 +1,7 @@
 #include "app/startscreenclass.h"
 
+#include "core/base/version.h"
+
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QPainter>
@@ -75,5 +77,5 @@ void StartScreenClass::paintEvent(QPaintEvent *)
     small.setPixelSize(13);
     painter.setFont(small);
     painter.drawText(QRect(30, 218, kWidth - 60, 20), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("Version 1.8.100  \u00B7  Merovin GmbH"));
+                     QStringLiteral("Version " QV_VERSION_STRING "  \u00B7  Merovin GmbH"));
 }

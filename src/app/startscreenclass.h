@@ -25,10 +25,6 @@ public:
     // Runs a local event loop until the last tick, then hides the screen.
     void m_waitForStartScreen();
 
-    int m_count() const { return counter; }
-    bool m_finished() const { return finished; }
-    QProgressBar *m_bar() const { return bar; }
-
 public slots:
     void s_tick();
 

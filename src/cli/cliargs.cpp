@@ -86,8 +86,8 @@ bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *erro
                 *error = QStringLiteral("--type needs a value");
                 return false;
             }
-            c.type = g_inputTypeFromName(arguments.at(++i));
-            if (c.type == InputType::Unknown) {
+            c.type = g_inputKindFromName(arguments.at(++i));
+            if (c.type == InputKind::Unknown) {
                 *error = QStringLiteral("unknown type: ") + arguments.at(i);
                 return false;
             }

@@ -1,7 +1,7 @@
 // Command line of quorvanta-cli.
 #pragma once
 
-#include "core/import/inputtype.h"
+#include "core/import/inputkind.h"
 #include "core/project/csvexport.h"
 
 #include <QString>
@@ -11,7 +11,7 @@ namespace qv {
 
 struct CliCommand {
     enum Verb { None, Convert, Info, Pdf, Png, Csv, Help } verb = None;
-    InputType type = InputType::Unknown;  // Unknown: judged from the input file
+    InputKind type = InputKind::Unknown;  // Unknown: judged from the input file
     bool answerYes = false;               // answer to every Yes/No question
     bool json = false;
     bool hasChangedTime = false;

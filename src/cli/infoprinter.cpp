@@ -18,10 +18,11 @@ QString timeText(qint64 ms)
            QStringLiteral(" UTC");
 }
 
-QString legendText(quint8 position)
+QString legendText(LegendPosition position)
 {
     static const char *const names[] = {"none", "top", "right", "bottom", "left"};
-    return position <= 4 ? QLatin1String(names[position]) : QStringLiteral("none (%1)").arg(position);
+    const quint8 byte = quint8(position);
+    return position <= LegendPosition::Left ? QLatin1String(names[byte]) : QStringLiteral("none (%1)").arg(byte);
 }
 
 QString colorText(quint32 argb)
@@ -50,11 +51,6 @@ QString axisText(quint32 flags)
     return (flags & kLineAxisRight) ? QStringLiteral("axis right") : QStringLiteral("axis left");
 }
 
-int modeCount(const ChartModel &model)
-{
-    return qBound(0, int(model.modeCodes()->count), kMaxSamples);
-}
-
 }  // namespace
 
 QString g_infoText(const ChartModel &model, const QString &fileName)
@@ -72,8 +68,9 @@ QString g_infoText(const ChartModel &model, const QString &fileName)
     line(QStringLiteral("Changed:"),
          QDateTime::fromSecsSinceEpoch(s.changedTime, Qt::UTC).toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")) +
              QStringLiteral(" UTC"));
-    line(QStringLiteral("Chart:"), (s.lineType == 2 ? QStringLiteral("splines") : QStringLiteral("lines")) +
-                                       QStringLiteral(", legend ") + legendText(s.legendPosition));
+    line(QStringLiteral("Chart:"),
+         (LineType(s.lineType) == LineType::Spline ? QStringLiteral("splines") : QStringLiteral("lines")) +
+             QStringLiteral(", legend ") + legendText(LegendPosition(s.legendPosition)));
     line(QStringLiteral("Data sets:"), QString::number(s.dataSetCount));
     line(QStringLiteral("Recording:"), timeText(s.firstTime) + QStringLiteral(" .. ") + timeText(s.lastTime));
     line(QStringLiteral("Range:"), timeText(s.rangeBegin) + QStringLiteral(" .. ") + timeText(s.rangeEnd) +
@@ -82,13 +79,13 @@ QString g_infoText(const ChartModel &model, const QString &fileName)
     line(QStringLiteral("Interval:"), QStringLiteral("%1 s").arg(s.sampleInterval));
     line(QStringLiteral("Mode data:"),
          s.hasModeData ? QStringLiteral("yes, %1 codes, track %2")
-                             .arg(modeCount(model))
+                             .arg(g_sampleCount(model.modeCodes()->count))
                              .arg((s.flags & kFlagShowModeTrack) ? QStringLiteral("shown") : QStringLiteral("hidden"))
                        : QStringLiteral("no"));
     for (int i = 0; i < model.usedDataSets(); ++i) {
         const _chartDataType &d = *model.data(i);
         const int dec = s.decimals[i];
-        const int n = qBound(0, int(d.count), kMaxSamples);
+        const int n = g_sampleCount(d.count);
         out += QStringLiteral("\nData set %1: \"%2\" [%3]\n").arg(i).arg(name(s, i), unit(s, i));
         out += QStringLiteral("  %1, %2, colour %3, width %4, decimals %5, value type %6\n")
                    .arg((s.lineFlags[i] & kLineShown) ? QStringLiteral("shown") : QStringLiteral("hidden"),
@@ -140,7 +137,7 @@ QString g_infoJson(const ChartModel &model, const QString &fileName)
     QJsonArray sets;
     for (int i = 0; i < model.usedDataSets(); ++i) {
         const _chartDataType &d = *model.data(i);
-        const int n = qBound(0, int(d.count), kMaxSamples);
+        const int n = g_sampleCount(d.count);
         QJsonObject o;
         o[QStringLiteral("index")] = i;
         o[QStringLiteral("name")] = name(s, i);

@@ -110,9 +110,9 @@ int main(int argc, char *argv[])
         return 0;
     }
 
-    const qv::InputType type =
-        command.type != qv::InputType::Unknown ? command.type : qv::g_detectInputType(command.input);
-    if (type == qv::InputType::Unknown) {
+    const qv::InputKind kind =
+        command.type != qv::InputKind::Unknown ? command.type : qv::g_detectInputKind(command.input);
+    if (kind == qv::InputKind::Unknown) {
         QTextStream(stderr) << "quorvanta-cli: cannot tell the kind of " << command.input << "; name it with --type\n\n"
                             << qv::g_cliUsage();
         return 2;
@@ -137,7 +137,7 @@ int main(int argc, char *argv[])
 
     auto model = std::make_unique<qv::ChartModel>();
     CliHost host(command.answerYes);
-    const qv::FileResult read = qv::g_readInput(type, command.input, *model, host);
+    const qv::FileResult read = qv::g_readInput(kind, command.input, *model, host);
     if (!read.ok)
         return fail(read.message);
 

@@ -4,6 +4,7 @@
 #include "document/qvchartclass.h"
 
 #include "core/chart/zoomwindow.h"
+#include "core/model/devicestate.h"
 #include "gui/chart/tooltipclass.h"
 
 #include <QDateTime>
@@ -99,8 +100,8 @@ void QVChartClass::m_fastFrame()
         connect(settleTimer, &QTimer::timeout, this, &QVChartClass::m_settle);
     }
     if (!settleTimer->isActive() && chart()) {
-        // Every fourth point (and the last) while the gesture runs: the
-        // chart lays out and paints a quarter of the points per step.
+        // Every eighth point (and the last) while the gesture runs: the
+        // chart lays out and paints an eighth of the points per step.
         thinnedChart = chart();
         fullPoints.clear();
         for (QtCharts::QAbstractSeries *series : thinnedChart->series()) {

@@ -11,23 +11,32 @@
 #include <algorithm>
 #include <cstring>
 
-// The chart settings command: the dialog edits a copy; only an accepted
-// dialog is copied back, and then the rows follow the record (names, ticks
-// set without a redraw per row), the chart is drawn anew and the project is
+bool QVChartClass::m_runSettingsDialog(QDialog *dialog, const settingsT &edited, const std::function<void()> &apply)
+{
+    const bool accepted = qv::g_execDialog(*dialog) == QDialog::Accepted;
+    if (accepted) {
+        std::memcpy(&settings, &edited, sizeof(settingsT));
+        apply();
+        m_displayChart(this, false);
+    }
+    dialog->deleteLater();
+    return accepted;
+}
+
+// The chart settings command: after an accepted dialog the rows follow the
+// record (names, ticks set without a redraw per row) and the project is
 // marked modified.
 void QVChartClass::s_formatChart()
 {
     auto *dialog = new SettingsDialogClass(this, &settings);
     connect(dialog, &SettingsDialogClass::m_showHelp, this, &QVChartClass::s_showHelp);
-    if (qv::g_execDialog(*dialog) == QDialog::Accepted) {
-        std::memcpy(&settings, dialog->m_getSettings(), sizeof(settingsT));
+    const bool accepted = m_runSettingsDialog(dialog, *dialog->m_getSettings(), [this] {
         model().recountRange();
         for (int i = 0; i < model().usedDataSets(); ++i)
             m_showRow(i);
-        m_displayChart(this, false);
+    });
+    if (accepted)
         emit m_projectChanged();
-    }
-    dialog->deleteLater();
 }
 
 // The small button beside a row opens the settings of that data set.
@@ -41,13 +50,8 @@ void QVChartClass::s_setupLine()
         return;
     auto *dialog = new SettingsSmallDialogClass(this, &settings, index);
     connect(dialog, &SettingsSmallDialogClass::m_showHelp, this, &QVChartClass::s_showHelp);
-    if (qv::g_execDialog(*dialog) == QDialog::Accepted) {
-        std::memcpy(&settings, dialog->m_getSettings(), sizeof(settingsT));
-        m_showRow(index);
-        m_displayChart(this, false);
+    if (m_runSettingsDialog(dialog, *dialog->m_getSettings(), [this, index] { m_showRow(index); }))
         emit m_projectChanged();
-    }
-    dialog->deleteLater();
 }
 
 // The row box of data set index shows its name and its shown bit; the tick is

@@ -3,6 +3,7 @@
 // the main window's data set panel, and the file, import and display code.
 #pragma once
 
+#include "core/import/inputkind.h"
 #include "core/model/chartmodel.h"
 #include "gui/ui/elidedcheckbox.h"
 #include "gui/ui/waitcursor.h"
@@ -15,6 +16,7 @@
 #include <QString>
 #include <QtCharts/QChartView>
 
+#include <functional>
 #include <memory>
 
 class QCheckBox;
@@ -33,7 +35,7 @@ class QLineSeries;
 
 namespace qv {
 struct FileResult;
-struct ImportKind;
+struct SamplingFormat;
 }  // namespace qv
 
 class QVChartClass : public QtCharts::QChartView
@@ -52,11 +54,15 @@ public:
     // Loads a project; asks for a file when file is null or empty.
     bool m_openProject(QString *file);
 
-    // New project from a sampling file; each asks for the file first unless
-    // one is given (a file dropped on the window or named at start).
-    bool m_importCSV(const QString &path = QString());
-    bool m_importDAT(const QString &path = QString());
-    bool m_importVap(const QString &path = QString());
+    // New project from a sampling file of the given kind; asks for the file
+    // first unless one is given (a file dropped on the window or named at
+    // start). False for a kind that is no sampling file.
+    bool m_importSampling(qv::InputKind kind, const QString &path = QString());
+    // The chooser's three imports: controller CSV, controller binary log,
+    // vaporix-VIS CSV.
+    bool m_importCSV(const QString &path = QString()) { return m_importSampling(qv::InputKind::ControllerCsv, path); }
+    bool m_importDAT(const QString &path = QString()) { return m_importSampling(qv::InputKind::ControllerLog, path); }
+    bool m_importVap(const QString &path = QString()) { return m_importSampling(qv::InputKind::VisCsv, path); }
 
     // Builds the chart of the model into view (this widget, or a print view).
     void m_displayChart(QtCharts::QChartView *view, bool forPrint);
@@ -132,9 +138,9 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    // The import routine shared by the three kinds: file dialog (when no
+    // The import routine shared by the sampling formats: file dialog (when no
     // path is given), progress, core reader, rows, chart, import directory.
-    bool m_runImport(const qv::ImportKind &kind, const QString &givenPath = QString());
+    bool m_runImport(const qv::SamplingFormat &format, const QString &givenPath = QString());
 
 private:
     // Shows the rows as the model's row states say (ticks before connecting,
@@ -142,6 +148,11 @@ private:
     void m_showRows();
     // Row box index follows the record: name, tick (without a redraw).
     void m_showRow(int index);
+    // Runs a dialog that edits its own copy of the settings record (edited).
+    // Only an accepted dialog's copy replaces the record; then apply() brings
+    // the rest of the document in line and the chart is drawn anew. The
+    // dialog goes by deferred deletion either way. True when accepted.
+    bool m_runSettingsDialog(QDialog *dialog, const settingsT &edited, const std::function<void()> &apply);
     // Shows why a load or import failed and releases what it held; false.
     bool m_fail(const qv::FileResult &result, QDialog *progress);
     void m_setWaitCursor();

@@ -1,8 +1,8 @@
 // The desktop program: the shell's rules (recent list, command line, zoom
 // and display size, the main window's close prompt and dropped files), the
 // resources and the German catalogue.
-#include "support/scripteddialogs.h"
 #include "app/shellfixture.h"
+#include "support/scripteddialogs.h"
 #include "support/testsupport.h"
 
 #include "app/quorvantaclass.h"

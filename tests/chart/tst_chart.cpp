@@ -3,7 +3,6 @@
 // chart; on the chart widget the row boxes and the zoom window, kept through
 // a print preview, the data selection dialog, wheel, drag and keys, the state
 // label and bands and the hover callout.
-#include "support/scripteddialogs.h"
 #include "core/chart/chartplan.h"
 #include "core/chart/choosetable.h"
 #include "core/chart/pagelayout.h"
@@ -16,6 +15,7 @@
 #include "document/qvchartclass.h"
 #include "gui/chart/chartbuilder.h"
 #include "gui/chart/tooltipclass.h"
+#include "support/scripteddialogs.h"
 #include "support/testsupport.h"
 
 #include <QtCharts>
@@ -338,7 +338,7 @@ private slots:
     }
     void groupSize()
     {
-        QCOMPARE(g_groupSize(fetch<int>("samples"), fetch<bool>("print"), quint8(fetch<int>("lineType"))),
+        QCOMPARE(g_groupSize(fetch<int>("samples"), fetch<bool>("print"), LineType(fetch<int>("lineType"))),
                  fetch<int>("group"));
     }
 

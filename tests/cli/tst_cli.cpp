@@ -5,7 +5,7 @@
 
 #include "core/chart/pagelayout.h"
 #include "core/import/importhost.h"
-#include "core/import/inputtype.h"
+#include "core/import/inputkind.h"
 #include "core/model/chartmodel.h"
 #include "core/model/fixedstring.h"
 #include "core/project/inputreader.h"
@@ -229,7 +229,7 @@ private slots:
         else
             QCOMPARE(qint64(changed), changedTime);
         FixedAnswerHost yes(true);
-        QVERIFY(g_readInput(g_detectInputType(input), input, *desktop, yes).ok);
+        QVERIFY(g_readInput(g_detectInputKind(input), input, *desktop, yes).ok);
         QVERIFY(desktop->data(0)->count > 0);
         QBuffer bytes;
         bytes.open(QIODevice::WriteOnly);
@@ -294,7 +294,7 @@ private slots:
         ChartModel model;
         FixedAnswerHost host(true);
         const FileResult r =
-            g_readInput(type.isEmpty() ? g_detectInputType(path) : g_inputTypeFromName(type), path, model, host);
+            g_readInput(type.isEmpty() ? g_detectInputKind(path) : g_inputKindFromName(type), path, model, host);
         QCOMPARE(QByteArray(r.message), QByteArray("Error reading file!"));
         QVERIFY(!r.ok && r.critical());
     }

@@ -1,13 +1,13 @@
 // The chart settings and single-series dialogs, run from the chart widget
 // and worked through their widgets by object name; what the chart then
 // holds. The colour button's swatch and the drawing surface's mouse signals.
-#include "support/scripteddialogs.h"
-#include "support/widgetsupport.h"
 #include "core/model/fixedstring.h"
 #include "core/project/projectfile.h"
 #include "document/qvchartclass.h"
 #include "gui/dialogs/colorwidgets.h"
 #include "gui/dialogs/settingsdialogclass.h"
+#include "support/scripteddialogs.h"
+#include "support/widgetsupport.h"
 
 #include <QColorDialog>
 #include <QDialogButtonBox>

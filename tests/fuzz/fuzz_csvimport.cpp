@@ -2,7 +2,7 @@
 // bytes 00 FF 00 FF into up to four files: the sampling (..._TS01.CSV) and its
 // state log, parameter and card parameter siblings, so every section is
 // reached. Every question is answered Yes.
-#include "core/import/csvimport.h"
+#include "core/import/controllercsv.h"
 #include "fuzzinput.h"
 
 #include <QByteArray>

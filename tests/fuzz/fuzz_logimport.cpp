@@ -5,7 +5,7 @@
 // packed: its bytes fill the header fields the importer reads (the first 0x38
 // header bytes, the times block at 0xAC4 and the 16 descriptors), the rest is
 // the data block, behind the right magic.
-#include "core/import/logimport.h"
+#include "core/import/controllerlog.h"
 #include "fuzzinput.h"
 
 #include <QByteArray>

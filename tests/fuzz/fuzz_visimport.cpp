@@ -1,6 +1,6 @@
 // libFuzzer target for the vaporix-VIS CSV import: the input is the whole
 // file.
-#include "core/import/visimport.h"
+#include "core/import/viscsv.h"
 #include "fuzzinput.h"
 
 #include <QByteArray>

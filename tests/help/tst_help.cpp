@@ -31,7 +31,7 @@ private slots:
         QFETCH(QString, page);
         QFETCH(bool, previous);
         QString appDir = kAppDir, other = QStringLiteral("keys.html");
-        HelpWindowClass window(&appDir, nullptr, &page, 0);
+        HelpWindowClass window(&appDir, nullptr, &page, qv::Language(0));
         auto *browser = window.findChild<QTextBrowser *>(QStringLiteral("helpBrowser"));
         const auto action = [&](const char *name) { return window.findChild<QAction *>(QLatin1String(name)); };
         QCOMPARE(browser->source(), QUrl(page));
@@ -73,7 +73,7 @@ private slots:
         for (const QString &dir : dirs)
             QVERIFY(QDir(root.path()).mkpath(dir));
         QString appDir = root.filePath(dirs.first()), page = QStringLiteral("index.html");
-        HelpWindowClass window(&appDir, nullptr, &page, language);
+        HelpWindowClass window(&appDir, nullptr, &page, qv::Language(language));
         QCOMPARE(window.findChild<QTextBrowser *>(QStringLiteral("helpBrowser"))->searchPaths(),
                  folder.isEmpty() ? QStringList() : QStringList{root.filePath(folder)});
     }

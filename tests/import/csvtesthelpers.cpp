@@ -1,8 +1,8 @@
 #include "csvtesthelpers.h"
 
-#include "core/import/csvimport.h"
-#include "core/import/logimport.h"
-#include "core/import/visimport.h"
+#include "core/import/controllercsv.h"
+#include "core/import/controllerlog.h"
+#include "core/import/viscsv.h"
 #include "support/testsupport.h"
 
 #include <QDateTime>

@@ -4,9 +4,9 @@
 #include "csvtesthelpers.h"
 #include "support/testsupport.h"
 
+#include "core/import/controllercsv.h"
 #include "core/import/controllerstate.h"
 #include "core/import/controllersteps.h"
-#include "core/import/csvimport.h"
 #include "core/import/csvnumber.h"
 #include "core/import/localtime.h"
 #include "core/model/fixedstring.h"

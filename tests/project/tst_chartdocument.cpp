@@ -2,10 +2,10 @@
 // dialogs, a failed save and what is kept after it, and the shared import
 // routine with its questions, warnings and failures.
 #include "support/scripteddialogs.h"
-#include "support/widgetsupport.h"
 #include "support/testsupport.h"
+#include "support/widgetsupport.h"
 
-#include "core/import/importkind.h"
+#include "core/import/inputkind.h"
 #include "core/project/projectfile.h"
 #include "document/qvchartclass.h"
 #include "gui/ui/progressdialogclass.h"
@@ -42,7 +42,7 @@ qv::FileResult fakeRead(const QString &path, qv::ChartModel &model, qv::ImportHo
     return qv::FileResult();
 }
 
-const qv::ImportKind kFakeKind{"Open Test Sampling", "Test Sampling (*.tst)", "Test Data", &fakeRead};
+const qv::SamplingFormat kFakeKind{"Open Test Sampling", "Test Sampling (*.tst)", "Test Data", &fakeRead};
 
 // "title/detail" of the progress dialogs open under parent.
 QStringList progressTexts(QWidget *parent)

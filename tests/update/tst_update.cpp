@@ -1,11 +1,11 @@
 // The version check, the update dialog and the start of the saved updater,
 // against an HTTP server on 127.0.0.1 that the test runs.
 #include "app/appexit.h"
-#include "support/scripteddialogs.h"
 #include "app/shellfixture.h"
 #include "core/update/updaterules.h"
 #include "gui/update/qvupdateclass.h"
 #include "gui/update/webupdateclass.h"
+#include "support/scripteddialogs.h"
 #include "support/testsupport.h"
 
 #include <QPushButton>

@@ -54,19 +54,19 @@ FontSizes g_fontSizes(int viewWidth)
     return sizes;
 }
 
-bool g_legendAlignment(quint8 legendPosition, Qt::Alignment &alignment)
+bool g_legendAlignment(LegendPosition legendPosition, Qt::Alignment &alignment)
 {
     switch (legendPosition) {
-    case 1:
+    case LegendPosition::Top:
         alignment = Qt::AlignTop;
         return true;
-    case 2:
+    case LegendPosition::Right:
         alignment = Qt::AlignRight;
         return true;
-    case 3:
+    case LegendPosition::Bottom:
         alignment = Qt::AlignBottom;
         return true;
-    case 4:
+    case LegendPosition::Left:
         alignment = Qt::AlignLeft;
         return true;
     default:

@@ -39,9 +39,9 @@ struct FontSizes {
 };
 FontSizes g_fontSizes(int viewWidth);
 
-// Legend position 1 top, 2 right, 3 bottom, 4 left; false (legend hidden)
-// for 0 or any other value.
-bool g_legendAlignment(quint8 legendPosition, Qt::Alignment &alignment);
+// The alignment of the legend at a position; false (legend hidden) for
+// Hidden or any value that is no position.
+bool g_legendAlignment(LegendPosition legendPosition, Qt::Alignment &alignment);
 
 // Date-time format of a time axis whose tickCount ticks are spread evenly
 // over begin..end (local time): "dd.MM.yyyy " while every tick falls on a

@@ -9,15 +9,6 @@
 
 namespace qv {
 
-namespace {
-
-int storedCount(const _chartDataType *store)
-{
-    return store ? qBound(0, store->count, kMaxSamples) : 0;
-}
-
-}  // namespace
-
 ChooseTableModel::ChooseTableModel(const settingsT *settings, QObject *parent)
     : QAbstractTableModel(parent), settings(settings)
 {
@@ -40,7 +31,7 @@ void ChooseTableModel::m_refill()
         columns.append(Column{slot, g_buffer2QString(settings->name[slot], kNameWidth),
                               g_buffer2QString(settings->unit[slot], kUnitWidth), settings->decimals[slot]});
     }
-    rows = storedCount(stores[0]);
+    rows = stores[0] ? g_sampleCount(stores[0]->count) : 0;
     endResetModel();
 }
 
@@ -63,7 +54,7 @@ QString ChooseTableModel::m_cellText(int row, int column) const
     const Column &c = columns[column - 1];
     const _chartDataType *store = stores[c.slot];
     // A data set shorter than data set 0 has no sample in the rows past its end.
-    if (row >= storedCount(store) || g_isMissing(store->value[row]))
+    if (!store || row >= g_sampleCount(store->count) || g_isMissing(store->value[row]))
         return QCoreApplication::translate("ChooseDialogClass", "Invalid Data");
     return QStringLiteral("%1 %2").arg(QString::number(store->value[row], 'f', c.decimals), c.unit);
 }
@@ -99,13 +90,13 @@ Qt::ItemFlags ChooseTableModel::flags(const QModelIndex &index) const
 int g_rowAtOrBefore(const _chartDataType &base, qint64 time)
 {
     const qint64 *first = base.time;
-    const qint64 *last = base.time + storedCount(&base);
+    const qint64 *last = base.time + g_sampleCount(base.count);
     return int(std::upper_bound(first, last, time) - first) - 1;
 }
 
 RowBlock g_rangeRows(const _chartDataType &base, const settingsT &settings)
 {
-    if (storedCount(&base) == 0)
+    if (g_sampleCount(base.count) == 0)
         return RowBlock();
     return RowBlock{qMax(0, g_rowAtOrBefore(base, settings.rangeBegin)),
                     qMax(0, g_rowAtOrBefore(base, settings.rangeEnd))};
@@ -113,7 +104,7 @@ RowBlock g_rangeRows(const _chartDataType &base, const settingsT &settings)
 
 ChooseOutcome g_chooseRows(settingsT &settings, const _chartDataType &base, RowBlock block)
 {
-    const int count = storedCount(&base);
+    const int count = g_sampleCount(base.count);
     if (block.top < 0 || block.bottom < block.top || block.bottom >= count)
         return ChooseOutcome::Unchanged;
     if (block.bottom - block.top < kMinChosenRows - 1)

@@ -4,13 +4,13 @@
 
 namespace qv {
 
-int g_groupSize(qint32 samplesInRange, bool forPrint, quint8 lineType)
+int g_groupSize(qint32 samplesInRange, bool forPrint, LineType lineType)
 {
     const qint64 limit = forPrint ? kPrintPointLimit : kScreenPointLimit;
     // The smallest g with samples / g <= limit is samples / (limit + 1) + 1.
     const qint64 samples = samplesInRange > 0 ? samplesInRange : 0;
     int group = int(samples / (limit + 1) + 1);
-    if (lineType == kLineTypeSpline)
+    if (lineType == LineType::Spline)
         group *= kSplineGroupFactor;
     return group;
 }
@@ -18,7 +18,7 @@ int g_groupSize(qint32 samplesInRange, bool forPrint, quint8 lineType)
 int g_reduceSamples(const _chartDataType &source, const modeCodesT &modes, qint64 begin, qint64 end, int groupSize,
                     _chartDataType &out, modeCodesT &outModes)
 {
-    const int n = qBound(0, int(source.count), kMaxSamples);
+    const int n = g_sampleCount(source.count);
     const int g = groupSize > 0 ? groupSize : 1;
     int points = 0;
     int k = 0;
@@ -54,7 +54,7 @@ int g_reduceSamples(const _chartDataType &source, const modeCodesT &modes, qint6
 
 void g_drawnPoints(const _chartDataType &reduced, QVector<QPointF> &points)
 {
-    const int n = qBound(0, int(reduced.count), kMaxSamples);
+    const int n = g_sampleCount(reduced.count);
     points.resize(n);
     QPointF *p = points.data();
     int drawn = 0;

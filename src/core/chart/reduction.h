@@ -13,13 +13,11 @@ namespace qv {
 constexpr int kScreenPointLimit = 2048;
 constexpr int kPrintPointLimit = 4096;
 constexpr int kSplineGroupFactor = 4;  // spline curves get a quarter of the points
-constexpr quint8 kLineTypeStraight = 1;
-constexpr quint8 kLineTypeSpline = 2;
 
 // Number of samples averaged into one drawn point: the smallest g with
 // samplesInRange / g (integer division) at most the point limit, times 4 for
 // spline charts. Always at least 1.
-int g_groupSize(qint32 samplesInRange, bool forPrint, quint8 lineType);
+int g_groupSize(qint32 samplesInRange, bool forPrint, LineType lineType);
 
 // Reduces the samples of source into out (time and value per point) and the
 // state codes into outModes, both working copies of the model. A group starts

@@ -10,7 +10,7 @@ enum Band { kNoBand = -1, kRedBand = 0, kGreenBand = 1 };
 
 void g_buildStateBands(const _chartDataType &reduced, const modeCodesT &reducedModes, StateBands &bands)
 {
-    const int n = qBound(0, int(reduced.count), kMaxSamples);
+    const int n = g_sampleCount(reduced.count);
     bands.upper.clear();
     bands.lower.clear();
     bands.upper.reserve(2 * n);

@@ -6,13 +6,14 @@
 #pragma once
 
 #include "core/model/chartmodel.h"
+#include "core/model/devicestate.h"
 
 #include <QPointF>
 #include <QVector>
 
 namespace qv {
 
-constexpr int kFirstGreenState = 11;
+constexpr int kFirstGreenState = int(DeviceState::ManualOn);
 constexpr double kBandHeight = 8192.0;
 constexpr double kBandAxisMax = 8200.0;
 constexpr quint32 kGreenBandColor = 0xFFC0FFC0;

@@ -17,16 +17,11 @@ namespace {
 constexpr double kLargest = std::numeric_limits<double>::max();
 constexpr double kUntouched = 1e-7;
 
-int storedCount(const _chartDataType &data)
-{
-    return qBound(0, int(data.count), kMaxSamples);
-}
-
 }  // namespace
 
 SampleWindow g_statisticsWindow(const _chartDataType &timeBase, qint64 from, qint64 to)
 {
-    const int n = storedCount(timeBase);
+    const int n = g_sampleCount(timeBase.count);
     int lastBeforeFrom = -1;
     int lastBeforeTo = -1;
     for (int k = 0; k < n; ++k) {
@@ -44,7 +39,7 @@ SampleWindow g_statisticsWindow(const _chartDataType &timeBase, qint64 from, qin
 SeriesStatistics g_seriesStatistics(const _chartDataType &data, SampleWindow window)
 {
     const int first = qMax(0, window.first);
-    const int end = qMin(window.end, storedCount(data));
+    const int end = qMin(window.end, g_sampleCount(data.count));
     double minimum = kLargest;
     double maximum = -kLargest;
     double sum = 0.0;

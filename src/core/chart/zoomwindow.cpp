@@ -91,19 +91,6 @@ qint64 g_stateIndex(qint64 t, qint64 firstTime, qint32 intervalSeconds)
     return qint64(std::round(samples / 1000.0 - 1.5));
 }
 
-const char *g_stateName(int code)
-{
-    static const char *const kNames[] = {
-        QT_TRANSLATE_NOOP("QVChartClass", "Manual Off"),       QT_TRANSLATE_NOOP("QVChartClass", "Scheduler Off"),
-        QT_TRANSLATE_NOOP("QVChartClass", "Frost Protection"), QT_TRANSLATE_NOOP("QVChartClass", "Too Cold Outside"),
-        QT_TRANSLATE_NOOP("QVChartClass", "Too Hot Outside"),  QT_TRANSLATE_NOOP("QVChartClass", "Conditions OK"),
-        QT_TRANSLATE_NOOP("QVChartClass", "Weather adverse"),  QT_TRANSLATE_NOOP("QVChartClass", "Sensor Alarm"),
-        QT_TRANSLATE_NOOP("QVChartClass", "Sensor In Alarm"),  QT_TRANSLATE_NOOP("QVChartClass", "Sensor Out Alarm"),
-        QT_TRANSLATE_NOOP("QVChartClass", "No Data"),          QT_TRANSLATE_NOOP("QVChartClass", "Manual On"),
-        QT_TRANSLATE_NOOP("QVChartClass", "System running")};
-    return code >= 0 && code < int(sizeof(kNames) / sizeof(kNames[0])) ? kNames[code] : kNames[0];
-}
-
 CalloutSpike g_calloutSpike(const QRectF &r, const QPointF &a)
 {
     CalloutSpike spike;

@@ -44,9 +44,6 @@ int g_pointerPixel(double x);
 // Rounded half away from zero; may be negative or past the codes.
 qint64 g_stateIndex(qint64 t, qint64 firstTime, qint32 intervalSeconds);
 
-// The untranslated name of a device state code (context "QVChartClass").
-const char *g_stateName(int code);
-
 // The spike from the balloon (in item coordinates, starting at 0, 0) to the
 // anchor: none when the anchor lies inside the balloon.
 struct CalloutSpike {

@@ -1,6 +1,7 @@
 #include "core/import/controllerstate.h"
 
 #include "core/import/csvnumber.h"
+#include "core/model/devicestate.h"
 
 namespace qv {
 
@@ -14,39 +15,39 @@ constexpr int kIntegerFields[4] = {7, 14, 15, 16};
 
 qint8 g_controllerState(quint32 a, quint32 b, qint32 c, quint32 d)
 {
-    qint8 state = 0;
+    DeviceState state = DeviceState::ManualOff;
     if (b == 100) {
         switch (c) {
         case -1:
-            state = 7;
+            state = DeviceState::SensorAlarm;
             break;
         case 9:
-            state = 5;
+            state = DeviceState::ConditionsOk;
             break;
         case 11:
-            state = 2;
+            state = DeviceState::FrostProtection;
             break;
         case 12:
-            state = 4;
+            state = DeviceState::TooHotOutside;
             break;
         case 18:
-            state = 3;
+            state = DeviceState::TooColdOutside;
             break;
         case 20:
-            state = 6;
+            state = DeviceState::WeatherAdverse;
             break;
         default:
-            state = 12;
+            state = DeviceState::SystemRunning;
             break;
         }
     } else if (b == 200) {
-        state = 11;
+        state = DeviceState::ManualOn;
     }
     if (a == 0)
-        state = 1;
+        state = DeviceState::SchedulerOff;
     if (d != 0)
-        state = 7;
-    return state;
+        state = DeviceState::SensorAlarm;
+    return qint8(state);
 }
 
 qint8 g_stateFromFields(const ByteView *fields)

@@ -77,11 +77,6 @@ const PlausibilityCheck kChecks[12] = {
     {6, 0.5, 50, 2}, {9, 0.5, 50, 3}, {7, -40, 50, 2}, {10, -10, 50, 3}, {8, 5, 100, 2}, {11, 5, 100, 3},
 };
 
-int sampleCount(const _chartDataType &d)
-{
-    return qBound(0, int(d.count), kMaxSamples);
-}
-
 // Unticks the box of a row. A connected box (one of an activated row) reports
 // the change at once, and the row rule runs.
 void untickRow(ChartModel &model, int index)
@@ -107,7 +102,7 @@ void g_setAxisRange(ChartModel &model, int index)
     const _chartDataType &d = *model.data(index);
     double low = DBL_MAX;
     double high = -DBL_MAX;
-    for (int k = 0, n = sampleCount(d); k < n; ++k) {
+    for (int k = 0, n = g_sampleCount(d.count); k < n; ++k) {
         const double v = d.value[k];
         if (g_isMissing(v))
             continue;
@@ -135,7 +130,7 @@ int g_axisProgress(int index, int count)
 void g_setTimeRange(ChartModel &model)
 {
     const _chartDataType &d = *model.data(0);
-    const int n = sampleCount(d);
+    const int n = g_sampleCount(d.count);
     settingsT &s = model.settings;
     s.firstTime = d.time[0];
     // With no samples the last time is that of an empty, zeroed store: 0.
@@ -148,7 +143,7 @@ void g_setTimeRange(ChartModel &model)
 void g_measureSampleInterval(ChartModel &model)
 {
     const _chartDataType &d = *model.data(0);
-    const int middle = sampleCount(d) / 2;
+    const int middle = g_sampleCount(d.count) / 2;
     model.settings.sampleInterval = qint32((d.time[middle + 1] - d.time[middle]) / 1000);
 }
 
@@ -209,7 +204,7 @@ void g_checkPlausibility(ChartModel &model)
     double *values[12];
     for (int i = 0; i < 12; ++i)
         values[i] = model.data(i)->value;
-    for (int k = 0, n = sampleCount(*model.data(0)); k < n; ++k) {
+    for (int k = 0, n = g_sampleCount(model.data(0)->count); k < n; ++k) {
         if (g_isMissing(values[0][k]))
             continue;
         for (const PlausibilityCheck &c : kChecks) {

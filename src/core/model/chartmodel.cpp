@@ -1,8 +1,9 @@
 #include "core/model/chartmodel.h"
 
+#include "core/base/pages.h"
+
 #include <QDateTime>
 
-#include <cstdlib>
 #include <cstring>
 
 #ifdef Q_OS_LINUX
@@ -32,31 +33,6 @@ constexpr std::size_t kModeBytes = alignUp(sizeof(modeCodesT));
 constexpr std::size_t kBlockBytes =
     alignUp((kMaxDataSets + 1) * kStoreBytes + 2 * kModeBytes + sizeof(modeParametersT));
 
-// A zero-filled block whose pages are only backed by memory once written.
-void *allocateZeroed()
-{
-#ifdef Q_OS_LINUX
-    void *p = mmap(nullptr, kBlockBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (p == MAP_FAILED)
-        return nullptr;
-    // Large pages where the system offers them: an import that fills the
-    // stores then takes a few dozen page faults instead of sixteen thousand.
-    madvise(p, kBlockBytes, MADV_HUGEPAGE);
-    return p;
-#else
-    return std::calloc(1, kBlockBytes);
-#endif
-}
-
-void releaseBlock(void *p)
-{
-#ifdef Q_OS_LINUX
-    munmap(p, kBlockBytes);
-#else
-    std::free(p);
-#endif
-}
-
 void zeroStore(_chartDataType *store)
 {
 #ifdef Q_OS_LINUX
@@ -80,8 +56,8 @@ void g_initSettings(settingsT &s, quint32 changedTime)
     std::memcpy(s.version, "0001", 4);
     s.changedTime = changedTime;
     s.flags = kFlagShowTitle;
-    s.legendPosition = 3;
-    s.lineType = 1;
+    s.legendPosition = quint8(LegendPosition::Bottom);
+    s.lineType = quint8(LineType::Straight);
     for (int i = 0; i < kMaxDataSets; ++i) {
         s.lineFlags[i] = i < 3   ? kLineShown | kLineOwnAxis
                          : i < 6 ? kLineShown | kLineOwnAxis | kLineAxisRight
@@ -94,7 +70,7 @@ void g_initSettings(settingsT &s, quint32 changedTime)
 ChartModel::ChartModel()
 {
     // Zero pages are handed out lazily, so an unused store costs no memory.
-    m_block = allocateZeroed();
+    m_block = g_allocatePages(kBlockBytes);
     if (!m_block)
         qFatal("Quorvanta: not enough memory for the chart model");
     auto *p = static_cast<unsigned char *>(m_block);
@@ -113,7 +89,7 @@ ChartModel::ChartModel()
 
 ChartModel::~ChartModel()
 {
-    releaseBlock(m_block);
+    g_releasePages(m_block, kBlockBytes);
 }
 
 void ChartModel::clearStores()
@@ -145,7 +121,7 @@ int ChartModel::usedDataSets() const
 qint32 ChartModel::countRange() const
 {
     const _chartDataType &d = *m_data[0];
-    const int n = qBound(0, int(d.count), kMaxSamples);
+    const int n = g_sampleCount(d.count);
     qint32 count = 0;
     for (int k = 0; k < n; ++k) {
         if (d.time[k] >= settings.rangeBegin && d.time[k] <= settings.rangeEnd)

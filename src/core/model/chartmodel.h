@@ -28,6 +28,13 @@ constexpr quint32 kMissingMarker = 0xBAADF00Du;
 constexpr double kMissingValue = 3131961357.0;
 static_assert(kMissingValue == double(kMissingMarker), "marker and value agree");
 
+// The samples that a stored count stands for, clamped to 0..kMaxSamples: a
+// count read from a damaged file never indexes outside a store or a track.
+constexpr int g_sampleCount(qint32 count)
+{
+    return qBound(0, int(count), kMaxSamples);
+}
+
 // The one test for a missing value used everywhere: truncate toward zero to a
 // 64-bit integer and compare its low 32 bits with 0xBAADF00D. Values outside
 // the 64-bit range (and NaN) are never missing, so the conversion stays defined.
@@ -43,6 +50,11 @@ constexpr quint32 kFlagShowModeTrack = 0x2;
 constexpr quint32 kLineShown = 0x1;
 constexpr quint32 kLineOwnAxis = 0x2;
 constexpr quint32 kLineAxisRight = 0x4;
+
+// settingsT legendPosition: where the legend sits; any other byte hides it.
+enum class LegendPosition : quint8 { Hidden = 0, Top = 1, Right = 2, Bottom = 3, Left = 4 };
+// settingsT lineType: straight lines or spline curves.
+enum class LineType : quint8 { Straight = 1, Spline = 2 };
 
 }  // namespace qv
 

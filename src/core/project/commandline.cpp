@@ -1,6 +1,6 @@
 #include "core/project/commandline.h"
 
-#include "core/import/inputtype.h"
+#include "core/import/inputkind.h"
 
 namespace qv {
 
@@ -17,8 +17,8 @@ StartRequest g_startRequest(int argc, const char *const *argv)
     request.path = g_projectArgument(argc, argv);
     if (request.path.isEmpty())
         return request;
-    const InputType type = g_detectInputType(request.path);
-    request.action = type == InputType::Unknown || type == InputType::Project ? StartRequest::OpenProject
+    const InputKind kind = g_detectInputKind(request.path);
+    request.action = kind == InputKind::Unknown || kind == InputKind::Project ? StartRequest::OpenProject
                                                                               : StartRequest::ImportSampling;
     return request;
 }

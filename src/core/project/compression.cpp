@@ -1,5 +1,7 @@
 #include "core/project/compression.h"
 
+#include "core/base/pages.h"
+
 #include <libdeflate.h>
 
 #ifdef Q_OS_LINUX
@@ -29,28 +31,22 @@ PayloadBuffer::PayloadBuffer(qint64 size)
 {
     if (size <= 0)
         return;
-#ifdef Q_OS_LINUX
-    void *p = mmap(nullptr, size_t(size), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (p != MAP_FAILED) {
-        madvise(p, size_t(size), MADV_HUGEPAGE);
+    if (void *p = g_allocatePages(size_t(size))) {
         data_ = static_cast<char *>(p);
         size_ = size;
         mapped_ = true;
         return;
     }
-#endif
     data_ = static_cast<char *>(std::malloc(size_t(size)));
     size_ = data_ ? size : 0;
 }
 
 PayloadBuffer::~PayloadBuffer()
 {
-#ifdef Q_OS_LINUX
     if (mapped_) {
-        munmap(data_, size_t(size_));
+        g_releasePages(data_, size_t(size_));
         return;
     }
-#endif
     std::free(data_);
 }
 

@@ -13,9 +13,9 @@
 
 namespace qv {
 
-// A scratch buffer for a whole payload, mapped on its own with huge pages
-// where the system offers them: filling 64 MiB then costs a few dozen page
-// faults instead of sixteen thousand. Its contents start undefined.
+// A scratch buffer for a whole payload, in pages of its own (g_allocatePages),
+// or from the heap when the system refuses those. Its contents start
+// undefined.
 class PayloadBuffer
 {
 public:

@@ -1,7 +1,7 @@
 #include "core/project/csvexport.h"
 
 #include "core/base/regularfile.h"
-#include "core/chart/zoomwindow.h"
+#include "core/model/devicestate.h"
 #include "core/model/fixedstring.h"
 
 #include <QDateTime>
@@ -174,11 +174,6 @@ void appendField(QByteArray &out, const QString &text)
     }
 }
 
-int storedCount(const _chartDataType &store)
-{
-    return qBound(0, store.count, kMaxSamples);
-}
-
 }  // namespace
 
 void g_csvWindow(const ChartModel &model, CsvRange range, CsvOptions &options)
@@ -222,7 +217,7 @@ FileResult g_writeCsv(const ChartModel &model, QIODevice &device, const CsvOptio
             sets << set;
     }
     const modeCodesT &modes = *model.modeCodes();
-    const int stateCount = s.hasModeData ? qBound(0, modes.count, kMaxSamples) : 0;
+    const int stateCount = s.hasModeData ? g_sampleCount(modes.count) : 0;
 
     QByteArray out;
     out.reserve(kFlushBytes + 16 * 1024);
@@ -251,7 +246,7 @@ FileResult g_writeCsv(const ChartModel &model, QIODevice &device, const CsvOptio
     }
 
     const _chartDataType &base = *model.data(0);
-    const int rows = storedCount(base);
+    const int rows = g_sampleCount(base.count);
     LocalOffsets offsets;
     int flushes = 0;
     for (int k = 0; k < rows; ++k) {
@@ -262,7 +257,7 @@ FileResult g_writeCsv(const ChartModel &model, QIODevice &device, const CsvOptio
         for (int set : sets) {
             out += ';';
             const _chartDataType &store = *model.data(set);
-            if (k < storedCount(store) && !g_isMissing(store.value[k]))
+            if (k < g_sampleCount(store.count) && !g_isMissing(store.value[k]))
                 appendValue(out, store.value[k], s.decimals[set], options.decimalComma);
         }
         if (stateCount > 0) {

@@ -1,8 +1,5 @@
 #include "core/project/inputreader.h"
 
-#include "core/import/csvimport.h"
-#include "core/import/logimport.h"
-#include "core/import/visimport.h"
 #include "core/project/projectfile.h"
 
 namespace qv {
@@ -10,20 +7,12 @@ namespace qv {
 const char *const kMsgTypeNotSupported =
     QT_TRANSLATE_NOOP("QVChartClass", "This kind of sampling file cannot be read yet.");
 
-FileResult g_readInput(InputType type, const QString &path, ChartModel &model, ImportHost &host)
+FileResult g_readInput(InputKind kind, const QString &path, ChartModel &model, ImportHost &host)
 {
-    switch (type) {
-    case InputType::Project:
+    if (kind == InputKind::Project)
         return g_loadProjectFile(model, path, [&host](int m, int d) { host.progress(m, d); });
-    case InputType::ControllerCsv:
-        return g_importControllerCsv(path, model, host);
-    case InputType::ControllerLog:
-        return g_importControllerLog(path, model, host);
-    case InputType::VisCsv:
-        return g_importVisCsv(path, model, host);
-    case InputType::Unknown:
-        break;
-    }
+    if (const SamplingFormat *format = g_samplingFormat(kind))
+        return format->read(path, model, host);
     return FileResult::failure(kMsgTypeNotSupported, FileError::BadContents);
 }
 

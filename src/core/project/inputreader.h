@@ -4,12 +4,12 @@
 
 #include "core/base/fileresult.h"
 #include "core/import/importhost.h"
-#include "core/import/inputtype.h"
+#include "core/import/inputkind.h"
 #include "core/model/chartmodel.h"
 
 namespace qv {
 
-FileResult g_readInput(InputType type, const QString &path, ChartModel &model, ImportHost &host);
+FileResult g_readInput(InputKind kind, const QString &path, ChartModel &model, ImportHost &host);
 
 extern const char *const kMsgTypeNotSupported;
 

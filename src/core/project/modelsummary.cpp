@@ -5,7 +5,7 @@ namespace qv {
 RangeFigures g_rangeFigures(const _chartDataType &store, qint64 begin, qint64 end)
 {
     RangeFigures f;
-    const int n = qBound(0, int(store.count), kMaxSamples);
+    const int n = g_sampleCount(store.count);
     double sum = 0.0;
     for (int k = 0; k < n; ++k) {
         if (store.time[k] < begin || store.time[k] > end)

@@ -1,6 +1,7 @@
 #include "core/project/projectfile.h"
 
 #include "core/base/regularfile.h"
+#include "core/model/devicestate.h"
 #include "core/project/compression.h"
 #include "core/project/projectpaths.h"
 
@@ -140,12 +141,12 @@ int versionOf(const QByteArray &magic)
     return 0;
 }
 
-// Files of version 1.3 numbered the mode codes one lower from code 10 upward.
+// Files of version 1.3 numbered the mode codes one lower from No Data (10) upward.
 void raiseVersion13Codes(modeCodesT &codes)
 {
-    const int n = qBound(0, int(codes.count), kMaxSamples);
+    const int n = g_sampleCount(codes.count);
     for (int k = 0; k < n; ++k) {
-        if (codes.code[k] >= 10)
+        if (codes.code[k] >= qint8(DeviceState::NoData))
             codes.code[k] = qint8(quint8(codes.code[k]) + 1);
     }
 }

@@ -100,26 +100,27 @@ bool g_applyRange(settingsT &settings, qint64 begin, qint64 end)
     return changed;
 }
 
-int g_legendButton(quint8 position)
+int g_legendButton(LegendPosition position)
 {
     switch (position) {
-    case 1:
+    case LegendPosition::Top:
         return 0;
-    case 2:
+    case LegendPosition::Right:
         return 1;
-    case 3:
+    case LegendPosition::Bottom:
         return 2;
-    case 4:
+    case LegendPosition::Left:
         return 3;
     default:
         return 4;
     }
 }
 
-quint8 g_legendPosition(int button)
+LegendPosition g_legendPosition(int button)
 {
-    static const quint8 positions[5] = {1, 2, 3, 4, 0};
-    return button >= 0 && button < 5 ? positions[button] : 0;
+    static const LegendPosition positions[5] = {LegendPosition::Top, LegendPosition::Right, LegendPosition::Bottom,
+                                                LegendPosition::Left, LegendPosition::Hidden};
+    return button >= 0 && button < 5 ? positions[button] : LegendPosition::Hidden;
 }
 
 }  // namespace qv

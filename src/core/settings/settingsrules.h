@@ -46,7 +46,7 @@ bool g_applyRange(settingsT &settings, qint64 begin, qint64 end);
 
 // The legend positions in the order of the radio buttons Top, Right, Bottom,
 // Left, None; a position of 5 or more counts as none.
-int g_legendButton(quint8 position);
-quint8 g_legendPosition(int button);
+int g_legendButton(LegendPosition position);
+LegendPosition g_legendPosition(int button);
 
 }  // namespace qv

@@ -119,7 +119,7 @@ void styleChart(QChart *chart, const settingsT &s, const FontSizes &sizes)
     legend->setFont(resized(legend->font(), sizes.legend));
     chart->setTitleFont(resized(chart->titleFont(), sizes.title));
     Qt::Alignment alignment;
-    if (g_legendAlignment(s.legendPosition, alignment))
+    if (g_legendAlignment(LegendPosition(s.legendPosition), alignment))
         legend->setAlignment(alignment);
     else
         legend->hide();
@@ -160,7 +160,8 @@ ChartBuild g_buildChart(ChartModel &model, int viewWidth, bool forPrint)
     build.chart = chart;
     styleChart(chart, s, sizes);
 
-    const int group = g_groupSize(s.rangeSampleCount, forPrint, s.lineType);
+    const LineType lineType = LineType(s.lineType);
+    const int group = g_groupSize(s.rangeSampleCount, forPrint, lineType);
     QVector<int> shownSets;
     QVector<QAbstractSeries *> timeSeries;  // series on the time axis
     QVector<QAbstractSeries *> bandAreas;
@@ -170,8 +171,8 @@ ChartBuild g_buildChart(ChartModel &model, int viewWidth, bool forPrint)
     for (int i = 0; i < dataSets; ++i) {
         if (!(s.lineFlags[i] & kLineShown))
             continue;
-        QXYSeries *series = s.lineType == kLineTypeStraight ? static_cast<QXYSeries *>(new QLineSeries)
-                                                            : static_cast<QXYSeries *>(new QSplineSeries);
+        QXYSeries *series = lineType == LineType::Straight ? static_cast<QXYSeries *>(new QLineSeries)
+                                                           : static_cast<QXYSeries *>(new QSplineSeries);
         series->setName(g_provisionalSeriesName(s, i));
         g_reduceSamples(*model.data(i), *model.modeCodes(), s.rangeBegin, s.rangeEnd, group, *model.displayData(),
                         *model.displayModeCodes());
@@ -212,7 +213,7 @@ ChartBuild g_buildChart(ChartModel &model, int viewWidth, bool forPrint)
     }
     g_applyTimeWindow(chart, s.viewBegin, s.viewEnd);
     Qt::Alignment side;
-    if (g_legendAlignment(s.legendPosition, side))
+    if (g_legendAlignment(LegendPosition(s.legendPosition), side))
         flowLegend(chart, side, forPrint);
     return build;
 }

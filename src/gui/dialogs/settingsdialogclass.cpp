@@ -30,10 +30,10 @@ SettingsDialogClass::SettingsDialogClass(QWidget *parent, settingsT *source)
     form->labelChanged->setText(
         QLocale::system().toString(QDateTime::fromSecsSinceEpoch(settings.changedTime), QLocale::ShortFormat));
     form->checkTitle->setChecked(settings.flags & qv::kFlagShowTitle);
-    (settings.lineType == 2 ? form->radioSpline : form->radioLine)->setChecked(true);
+    (qv::LineType(settings.lineType) == qv::LineType::Spline ? form->radioSpline : form->radioLine)->setChecked(true);
     QRadioButton *const legend[5] = {form->radioTop, form->radioRight, form->radioBottom, form->radioLeft,
                                      form->radioNone};
-    legend[qv::g_legendButton(settings.legendPosition)]->setChecked(true);
+    legend[qv::g_legendButton(qv::LegendPosition(settings.legendPosition))]->setChecked(true);
     const QDateTime begin = QDateTime::fromMSecsSinceEpoch(settings.rangeBegin);
     const QDateTime end = QDateTime::fromMSecsSinceEpoch(settings.rangeEnd);
     form->dateBegin->setDateTime(begin);
@@ -99,12 +99,12 @@ void SettingsDialogClass::s_okPressed()
         settings.flags |= qv::kFlagShowTitle;
     else
         settings.flags &= ~qv::kFlagShowTitle;
-    settings.lineType = form->radioLine->isChecked() ? 1 : 2;
+    settings.lineType = quint8(form->radioLine->isChecked() ? qv::LineType::Straight : qv::LineType::Spline);
     QRadioButton *const legend[5] = {form->radioTop, form->radioRight, form->radioBottom, form->radioLeft,
                                      form->radioNone};
     for (int button = 0; button < 5; ++button) {
         if (legend[button]->isChecked())
-            settings.legendPosition = qv::g_legendPosition(button);
+            settings.legendPosition = quint8(qv::g_legendPosition(button));
     }
     accept();
 }

@@ -10,12 +10,13 @@
 #include <QPrinter>
 #include <QUrl>
 
-QString g_helpFolder(const QString &appDir, unsigned int language)
+QString g_helpFolder(const QString &appDir, qv::Language language)
 {
     static const char *const codes[] = {"en", "de", "fr", "it"};
-    if (language >= sizeof codes / sizeof codes[0])
+    const auto index = quint32(language);
+    if (index >= sizeof codes / sizeof codes[0])
         return QString();
-    const QString code = QLatin1String(codes[language]);
+    const QString code = QLatin1String(codes[index]);
     const QString beside = appDir + QStringLiteral("/help/") + code;
     if (QFileInfo(beside).isDir())
         return beside;
@@ -23,7 +24,7 @@ QString g_helpFolder(const QString &appDir, unsigned int language)
     return QFileInfo(installed).isDir() ? installed : beside;
 }
 
-HelpWindowClass::HelpWindowClass(QString *appDir, QWidget *parent, QString *page, unsigned int language)
+HelpWindowClass::HelpWindowClass(QString *appDir, QWidget *parent, QString *page, qv::Language language)
     : QMainWindow(parent), ui(std::make_unique<Ui_HelpWindow>())
 {
     ui->setupUi(this);

@@ -3,6 +3,8 @@
 // tool-bar state when it closes, so the main window can store them.
 #pragma once
 
+#include "gui/ui/language.h"
+
 #include <QByteArray>
 #include <QMainWindow>
 #include <QString>
@@ -13,17 +15,17 @@
 class Ui_HelpWindow;
 
 // The folder the pages of a language live in: appDir + "/help/en", "/de",
-// "/fr" or "/it" for languages 0 to 3; when the program runs installed
-// (appDir = <prefix>/bin) and no such folder is beside it, the one under
-// <prefix>/share/quorvanta/help. Empty for a language of 4 or more.
-QString g_helpFolder(const QString &appDir, unsigned int language);
+// "/fr" or "/it" for English, German, French and Italian; when the program
+// runs installed (appDir = <prefix>/bin) and no such folder is beside it, the
+// one under <prefix>/share/quorvanta/help. Empty for any other language value.
+QString g_helpFolder(const QString &appDir, qv::Language language);
 
 class HelpWindowClass : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    HelpWindowClass(QString *appDir, QWidget *parent, QString *page, unsigned int language);
+    HelpWindowClass(QString *appDir, QWidget *parent, QString *page, qv::Language language);
     ~HelpWindowClass() override;
 
     void m_setSource(QString *page);

@@ -13,6 +13,20 @@ ImportDialogClass::ImportDialogClass(QWidget *parent) : QDialog(parent), ui(std:
 
 ImportDialogClass::~ImportDialogClass() = default;
 
+qv::InputKind ImportDialogClass::m_getKind() const
+{
+    switch (type) {
+    case kControllerLog:
+        return qv::InputKind::ControllerLog;
+    case kControllerCsv:
+        return qv::InputKind::ControllerCsv;
+    case kVisCsv:
+        return qv::InputKind::VisCsv;
+    default:
+        return qv::InputKind::Unknown;
+    }
+}
+
 void ImportDialogClass::s_datPressed()
 {
     m_choose(kControllerLog);

@@ -1,6 +1,8 @@
 // The chooser that starts a new project: which kind of sampling file to import.
 #pragma once
 
+#include "core/import/inputkind.h"
+
 #include <QDialog>
 
 #include <memory>
@@ -22,6 +24,8 @@ public:
     ~ImportDialogClass() override;
 
     int m_getType() const { return type; }
+    // The chosen kind of sampling file; Unknown when none was chosen.
+    qv::InputKind m_getKind() const;
 
 public slots:
     void s_datPressed();

@@ -34,11 +34,6 @@ void g_setDialogHook(DialogHook *hook)
     g_hook = hook;
 }
 
-DialogHook *g_dialogHook()
-{
-    return g_hook;
-}
-
 QMessageBox::StandardButton g_question(QWidget *parent, const QString &title, const QString &text,
                                        QMessageBox::StandardButtons buttons)
 {

@@ -42,7 +42,6 @@ public:
 
 // Installs a hook (nullptr restores the real dialogs).
 void g_setDialogHook(DialogHook *hook);
-DialogHook *g_dialogHook();
 
 QMessageBox::StandardButton g_question(QWidget *parent, const QString &title, const QString &text,
                                        QMessageBox::StandardButtons buttons);

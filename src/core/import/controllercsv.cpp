@@ -1,4 +1,4 @@
-#include "core/import/csvimport.h"
+#include "core/import/controllercsv.h"
 
 #include "core/base/regularfile.h"
 #include "core/import/controllerstate.h"
@@ -35,10 +35,10 @@ constexpr qsizetype kLineBytes = kMaxFields * 256;
 // included: the number of bytes cut from the end of every line is fixed by
 // line 1 (2 when it holds a 0x07 byte, else 1, so CR LF files keep their CR),
 // and the data end at the first row with another number of fields.
-class CsvImport
+class ControllerCsvImport
 {
 public:
-    CsvImport(QFile &file, ChartModel &model, ImportHost &host)
+    ControllerCsvImport(QFile &file, ChartModel &model, ImportHost &host)
         : m_lines(file, kTitleLineBytes), m_model(model), m_settings(model.settings), m_host(host)
     {
     }
@@ -74,7 +74,7 @@ private:
     QByteArray m_header;  // line 2
 };
 
-FileResult CsvImport::run(const QString &path)
+FileResult ControllerCsvImport::run(const QString &path)
 {
     m_host.progress(1, 255);
     if (!readTitle())
@@ -92,7 +92,7 @@ FileResult CsvImport::run(const QString &path)
     return FileResult();
 }
 
-bool CsvImport::readTitle()
+bool ControllerCsvImport::readTitle()
 {
     const ByteView raw = m_lines.next();
     if (m_lines.tooLong())
@@ -107,7 +107,7 @@ bool CsvImport::readTitle()
     return true;
 }
 
-bool CsvImport::readHeader()
+bool ControllerCsvImport::readHeader()
 {
     const ByteView line = m_lines.next(m_cut);
     if (m_lines.tooLong())
@@ -125,7 +125,7 @@ bool CsvImport::readHeader()
     return true;
 }
 
-void CsvImport::readRows()
+void ControllerCsvImport::readRows()
 {
     m_model.clearStores();
 
@@ -174,7 +174,7 @@ void CsvImport::readRows()
     }
 }
 
-void CsvImport::finishDataSets()
+void ControllerCsvImport::finishDataSets()
 {
     for (int i = 0; i < m_count; ++i) {
         g_setAxisRange(m_model, i);
@@ -187,7 +187,7 @@ void CsvImport::finishDataSets()
 // The state log, the parameters and the card parameters of a sensor sampling
 // ("...TS01..." with "TS02", "TS03" and "TS04" beside it). Missing siblings or
 // a No to the question import the sensor data alone.
-FileResult CsvImport::readSiblings(const QString &path)
+FileResult ControllerCsvImport::readSiblings(const QString &path)
 {
     SiblingFiles files;
     switch (files.open(g_siblingPaths(path, {"TS01", "TS02", "TS03", "TS04"}))) {
@@ -207,7 +207,7 @@ FileResult CsvImport::readSiblings(const QString &path)
     return FileResult();
 }
 
-bool CsvImport::readStateLog(QFile &file)
+bool ControllerCsvImport::readStateLog(QFile &file)
 {
     LineReader lines(file, kLineBytes);
     m_host.progress(1, 255);
@@ -235,7 +235,7 @@ bool CsvImport::readStateLog(QFile &file)
     return true;
 }
 
-bool CsvImport::readParameters(QFile &file)
+bool ControllerCsvImport::readParameters(QFile &file)
 {
     LineReader lines(file, kLineBytes);
     m_host.progress(180, 255);
@@ -248,7 +248,7 @@ bool CsvImport::readParameters(QFile &file)
     return true;
 }
 
-bool CsvImport::readCardParameters(QFile &file)
+bool ControllerCsvImport::readCardParameters(QFile &file)
 {
     LineReader lines(file, kLineBytes);
     m_host.progress(250, 255);
@@ -268,7 +268,7 @@ FileResult g_importControllerCsv(const QString &path, ChartModel &model, ImportH
     QFile file(path);
     if (!g_openRegularFile(file))
         return FileResult::failure(kMsgReadError, FileError::CannotOpen);
-    return CsvImport(file, model, host).run(path);
+    return ControllerCsvImport(file, model, host).run(path);
 }
 
 }  // namespace qv

@@ -1,10 +1,10 @@
-#include "core/import/visimport.h"
+#include "core/import/viscsv.h"
 
 #include "core/base/regularfile.h"
 #include "core/import/controllersteps.h"
 #include "core/import/csvlines.h"
 #include "core/import/localtime.h"
-#include "core/import/visformat.h"
+#include "core/import/viscsvformat.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -38,10 +38,10 @@ constexpr qsizetype kVisLineBytes = kVisDataFields * 256;
 
 // One import of a vaporix-VIS file into a fresh model. The header is checked
 // by line lengths only; the data end at the first line without nine fields.
-class VisImport
+class VisCsvImport
 {
 public:
-    VisImport(QFile &file, ChartModel &model, ImportHost &host)
+    VisCsvImport(QFile &file, ChartModel &model, ImportHost &host)
         : m_lines(file, kVisLineBytes), m_model(model), m_settings(model.settings), m_host(host)
     {
     }
@@ -61,7 +61,7 @@ private:
     LocalTimeCache m_times;
 };
 
-FileResult VisImport::run()
+FileResult VisCsvImport::run()
 {
     m_host.progress(1, 255);
     if (const char *error = readHeader())
@@ -74,7 +74,7 @@ FileResult VisImport::run()
 // The failure text of the first header check that fails, or null. What the
 // checks before it passed stays in the model: the title from lines 2 and 3,
 // the parameters of line 5.
-const char *VisImport::readHeader()
+const char *VisCsvImport::readHeader()
 {
     if (m_lines.next().size != kVisLine1Bytes)
         return kMsgVisLine1;
@@ -113,7 +113,7 @@ const char *VisImport::readHeader()
 // Date "dd.MM.yyyy" and time "hh:mm" as local time. The usual, well-formed
 // stamps are read by hand; anything else is left to QDate, QTime and
 // QDateTime, invalid results included.
-qint64 VisImport::readTime(ByteView date, ByteView time)
+qint64 VisCsvImport::readTime(ByteView date, ByteView time)
 {
     LocalDateTime t;
     qint64 msecs = 0;
@@ -127,7 +127,7 @@ qint64 VisImport::readTime(ByteView date, ByteView time)
         .toMSecsSinceEpoch();
 }
 
-void VisImport::readSamples()
+void VisCsvImport::readSamples()
 {
     m_model.clearStores();
     modeCodesT &modes = *m_model.modeCodes();
@@ -165,7 +165,7 @@ void VisImport::readSamples()
     }
 }
 
-void VisImport::finish()
+void VisCsvImport::finish()
 {
     m_settings.hasModeData = 1;
     m_model.showModeBox();
@@ -188,7 +188,7 @@ FileResult g_importVisCsv(const QString &path, ChartModel &model, ImportHost &ho
     QFile file(path);
     if (!g_openRegularFile(file))
         return FileResult::failure(kMsgReadError, FileError::CannotOpen);
-    return VisImport(file, model, host).run();
+    return VisCsvImport(file, model, host).run();
 }
 
 }  // namespace qv

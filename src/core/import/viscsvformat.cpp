@@ -1,6 +1,7 @@
-#include "core/import/visformat.h"
+#include "core/import/viscsvformat.h"
 
 #include "core/import/csvnumber.h"
+#include "core/model/devicestate.h"
 #include "core/model/fixedstring.h"
 
 #include <QString>
@@ -14,23 +15,23 @@ namespace {
 
 struct StateText {
     const char *text;  // exactly ten bytes
-    qint8 code;
+    DeviceState state;
 };
 
-// The gaps in the codes (1, 7, 10, 11) are those of the shared state numbering.
+// The device reports no Scheduler Off, Sensor Alarm, No Data or Manual On.
 const StateText kStates[] = {
-    {"FROST     ", 2},
-    {"ZU KALT   ", 3},
-    {"ZU WARM   ", 4},
-    {"OPTIMAL   ", 5},
+    {"FROST     ", DeviceState::FrostProtection},
+    {"ZU KALT   ", DeviceState::TooColdOutside},
+    {"ZU WARM   ", DeviceState::TooHotOutside},
+    {"OPTIMAL   ", DeviceState::ConditionsOk},
     {"L\xDC"
      "FTEN AUS",
-     6},
-    {"ERR INNEN ", 8},
-    {"ERR AUSSEN", 9},
+     DeviceState::WeatherAdverse},
+    {"ERR INNEN ", DeviceState::SensorInAlarm},
+    {"ERR AUSSEN", DeviceState::SensorOutAlarm},
     {"L\xDC"
      "FTEN EIN",
-     12},
+     DeviceState::SystemRunning},
 };
 constexpr int kStateBytes = 10;
 
@@ -92,12 +93,12 @@ double numberOrZero(ByteView field)
 qint8 g_visStateCode(ByteView field)
 {
     if (field.size != kStateBytes)
-        return 0;
+        return qint8(DeviceState::ManualOff);
     for (const StateText &s : kStates) {
         if (std::memcmp(field.data, s.text, kStateBytes) == 0)
-            return s.code;
+            return qint8(s.state);
     }
-    return 0;
+    return qint8(DeviceState::ManualOff);
 }
 
 int g_writeVisTitle(settingsT &settings, ByteView deviceTitle)
@@ -180,7 +181,7 @@ void g_checkVisPlausibility(ChartModel &model)
     double *values[kVisDataSets];
     for (int i = 0; i < kVisDataSets; ++i)
         values[i] = model.data(i)->value;
-    const int n = qBound(0, int(model.data(0)->count), kMaxSamples);
+    const int n = g_sampleCount(model.data(0)->count);
     for (int k = 0; k < n; ++k) {
         for (const Check &c : kChecks) {
             const double v = values[c.set][k];

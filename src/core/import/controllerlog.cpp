@@ -1,9 +1,10 @@
-#include "core/import/logimport.h"
+#include "core/import/controllerlog.h"
 
 #include "core/base/regularfile.h"
+#include "core/import/controllerlogformat.h"
 #include "core/import/controllerstate.h"
 #include "core/import/controllersteps.h"
-#include "core/import/logformat.h"
+#include "core/model/devicestate.h"
 #include "core/model/fixedstring.h"
 
 #include <QDir>
@@ -25,7 +26,6 @@ const char *const kAskFixOverflow = QT_TRANSLATE_NOOP("QVChartClass", "Try to fi
 namespace {
 
 constexpr quint32 kNoDataRow = 0xBAADF00Du;
-constexpr qint8 kStateNoData = 10;
 
 // A sibling log after its checks: the header, its rows and its window (with
 // the repair of the sensor log applied).
@@ -64,10 +64,12 @@ std::array<QString, 3> siblingPaths(const QString &path)
     return paths;
 }
 
-class LogImport
+class ControllerLogImport
 {
 public:
-    LogImport(ChartModel &model, ImportHost &host) : m_model(model), m_settings(model.settings), m_host(host) {}
+    ControllerLogImport(ChartModel &model, ImportHost &host) : m_model(model), m_settings(model.settings), m_host(host)
+    {
+    }
 
     FileResult run(QIODevice &file, const QString &path);
 
@@ -88,7 +90,7 @@ private:
     bool m_repaired = false;
 };
 
-FileResult LogImport::run(QIODevice &file, const QString &path)
+FileResult ControllerLogImport::run(QIODevice &file, const QString &path)
 {
     const FileResult sensor = readSensorLog(file);
     if (!sensor.ok)
@@ -103,7 +105,7 @@ FileResult LogImport::run(QIODevice &file, const QString &path)
     return FileResult();
 }
 
-FileResult LogImport::readSensorLog(QIODevice &file)
+FileResult ControllerLogImport::readSensorLog(QIODevice &file)
 {
     m_host.progress(1, 255);
     if (!g_readLogMagic(file))
@@ -148,7 +150,7 @@ FileResult LogImport::readSensorLog(QIODevice &file)
 // The samples of data set index: one per row from S, the time advancing by
 // one interval per row also over rows without data, which keep the missing
 // value and stay out of the axis range.
-void LogImport::readDataSet(const LogRing &ring, int index)
+void ControllerLogImport::readDataSet(const LogRing &ring, int index)
 {
     const LogDescriptor &descriptor = m_header.sets[index];
     m_settings.valueType[index] = descriptor.type;
@@ -183,7 +185,7 @@ void LogImport::readDataSet(const LogRing &ring, int index)
 // The state log, parameters and card parameters of a sensor log
 // "...SV_SA_01.LOG" are "...SV_SA_02.LOG" to "...04.LOG" beside it. Missing
 // siblings or a No to the question import the sensor data alone.
-FileResult LogImport::readSiblings(const QString &path)
+FileResult ControllerLogImport::readSiblings(const QString &path)
 {
     SiblingFiles files;
     switch (files.open(siblingPaths(path))) {
@@ -222,7 +224,7 @@ FileResult LogImport::readSiblings(const QString &path)
     return FileResult();
 }
 
-bool LogImport::readSibling(QIODevice &file, const char *title, SiblingLog *log) const
+bool ControllerLogImport::readSibling(QIODevice &file, const char *title, SiblingLog *log) const
 {
     if (!g_readLogHeader(file, &log->header) || !g_isUsableLogHeader(log->header) || log->header.title != title)
         return false;
@@ -238,7 +240,7 @@ bool LogImport::readSibling(QIODevice &file, const char *title, SiblingLog *log)
 
 // The state log runs in step with the sensor rows, k rows apart: k rows late
 // (k > 0) fills the first k states with "no data", k rows early skips them.
-bool LogImport::readStateLog(const SiblingLog &log)
+bool ControllerLogImport::readStateLog(const SiblingLog &log)
 {
     const qint64 start = qint64(log.window.startTime) + qint64(log.header.timeCorrection);
     const qint64 distance = start - m_settings.firstTime / 1000;
@@ -256,7 +258,7 @@ bool LogImport::readStateLog(const SiblingLog &log)
     const LogRing ring(log.data, log.header.count, log.header.capacity);
     qint64 row = log.window.start - k;
     for (qint64 n = 0; n < count; ++n) {
-        qint8 state = kStateNoData;
+        qint8 state = qint8(DeviceState::NoData);
         if (row >= 0 && ring.word(row, 0) != kNoDataRow)
             state =
                 g_controllerState(ring.word(row, 1), ring.word(row, 2), qint32(ring.word(row, 3)), ring.word(row, 4));
@@ -268,7 +270,7 @@ bool LogImport::readStateLog(const SiblingLog &log)
 }
 
 // Every row overwrites the whole record, so the last row of the window wins.
-void LogImport::readParameters(const SiblingLog &log)
+void ControllerLogImport::readParameters(const SiblingLog &log)
 {
     if (log.window.rows == 0)
         return;
@@ -291,7 +293,7 @@ void LogImport::readParameters(const SiblingLog &log)
 }
 
 // The card's sampling interval is kept in minutes.
-void LogImport::readCardParameters(const SiblingLog &log)
+void ControllerLogImport::readCardParameters(const SiblingLog &log)
 {
     if (log.window.rows == 0)
         return;
@@ -307,7 +309,7 @@ FileResult g_importControllerLog(const QString &path, ChartModel &model, ImportH
     QFile file(path);
     if (!g_openRegularFile(file))
         return FileResult::failure(kMsgReadError, FileError::CannotOpen);
-    return LogImport(model, host).run(file, path);
+    return ControllerLogImport(model, host).run(file, path);
 }
 
 }  // namespace qv

@@ -1,4 +1,4 @@
-#include "core/import/logformat.h"
+#include "core/import/controllerlogformat.h"
 
 #include <QIODevice>
 
