@@ -46,7 +46,7 @@ int main(int argc, char *argv[])
     settingsT &s = model->settings;
     for (int i = 0; i < 16; ++i)
         s.lineFlags[i] |= 1;
-    g_char2Buffer(s.description, "Maximum project", qv::kDescriptionWidth);
+    qv::g_char2Buffer(s.description, "Maximum project", qv::kDescriptionWidth);
     s.flags |= 3;  // title and state bands
     s.hasModeData = 1;
     modeCodesT &codes = *model->modeCodes();

@@ -30,7 +30,7 @@ void QVChartClass::m_printPreview(const QString &title, const QIcon &icon, QPrin
     QPrinter printer(QPrinter::HighResolution);
     qv::PagePrinterClass::m_setupPrinter(printer, format);
     // A saved PDF carries the chart title as its document title.
-    printer.setDocName(g_buffer2QString(settings.description, qv::kDescriptionWidth).trimmed());
+    printer.setDocName(qv::g_buffer2QString(settings.description, qv::kDescriptionWidth).trimmed());
 
     QPrintPreviewDialog preview(&printer, this);
     connect(&preview, &QPrintPreviewDialog::paintRequested, this, &QVChartClass::s_printDocument);

@@ -60,7 +60,7 @@ void QVChartClass::m_showRow(int index)
 {
     const bool shown = settings.lineFlags[index] & qv::kLineShown;
     model().row[index].checked = shown;
-    enableBox[index]->setFullText(g_buffer2QString(settings.name[index], qv::kNameWidth));
+    enableBox[index]->setFullText(qv::g_buffer2QString(settings.name[index], qv::kNameWidth));
     const QSignalBlocker blocker(enableBox[index]);
     enableBox[index]->setChecked(shown);
 }

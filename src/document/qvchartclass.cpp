@@ -86,7 +86,7 @@ void QVChartClass::m_showRows()
     for (int i = 0; i < qv::kMaxDataSets; ++i) {
         if (!m.row[i].enabled)
             continue;
-        enableBox[i]->setFullText(g_buffer2QString(settings.name[i], qv::kNameWidth));
+        enableBox[i]->setFullText(qv::g_buffer2QString(settings.name[i], qv::kNameWidth));
         enableBox[i]->setEnabled(true);
         enableBox[i]->setChecked(m.row[i].checked);
         setupButton[i]->setEnabled(true);

@@ -23,7 +23,7 @@ std::unique_ptr<qv::ChartModel> makeModel(int dataSets, bool modes)
     settingsT &s = model->settings;
     s.dataSetCount = dataSets;
     for (int i = 0; i < dataSets; ++i) {
-        g_qString2Buffer(s.name[i], QStringLiteral("Set %1").arg(i), qv::kNameWidth);
+        qv::g_qString2Buffer(s.name[i], QStringLiteral("Set %1").arg(i), qv::kNameWidth);
         _chartDataType &d = *model->data(i);
         d.count = 20;
         for (int k = 0; k < d.count; ++k) {

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+namespace qv {
+
 namespace {
 
 constexpr int kMaxWidth = 65536;
@@ -52,3 +54,5 @@ QString g_buffer2QString(const char *field, int width)
     const std::size_t n = strnlen(field, std::size_t(width));
     return QString::fromLatin1(field, int(n));
 }
+
+}  // namespace qv

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace qv {
+
 // Zero-fills width bytes and copies the Latin-1 form of text, at most
 // width - 1 bytes, so the field is always terminated. Does nothing for a null
 // destination or a width outside 1..65536.
@@ -15,3 +17,5 @@ void g_char2Buffer(char *destination, const char *text, int width);
 
 // Reads a field back: Latin-1 up to the first zero byte, never past width.
 QString g_buffer2QString(const char *field, int width);
+
+}  // namespace qv

@@ -26,7 +26,7 @@ SettingsDialogClass::SettingsDialogClass(QWidget *parent, settingsT *source)
 {
     form->setupUi(this);
     std::memcpy(&settings, source, sizeof(settingsT));
-    form->lineEditDescription->setText(g_buffer2QString(settings.description, qv::kDescriptionWidth));
+    form->lineEditDescription->setText(qv::g_buffer2QString(settings.description, qv::kDescriptionWidth));
     form->labelChanged->setText(
         QLocale::system().toString(QDateTime::fromSecsSinceEpoch(settings.changedTime), QLocale::ShortFormat));
     form->checkTitle->setChecked(settings.flags & qv::kFlagShowTitle);
@@ -91,7 +91,7 @@ void SettingsDialogClass::s_okPressed()
         qv::g_settingsRefusal(this, check);
         return;
     }
-    g_qString2Buffer(settings.description, form->lineEditDescription->text(), qv::kDescriptionWidth);
+    qv::g_qString2Buffer(settings.description, form->lineEditDescription->text(), qv::kDescriptionWidth);
     settings.changedTime = quint32(QDateTime::currentSecsSinceEpoch());
     qv::g_applyRange(settings, editedTime(form->dateBegin->date(), settings.rangeBegin),
                      editedTime(form->dateEnd->date(), settings.rangeEnd));

@@ -10,6 +10,8 @@
 #include <QPrinter>
 #include <QUrl>
 
+namespace qv {
+
 QString g_helpFolder(const QString &appDir, qv::Language language)
 {
     static const char *const codes[] = {"en", "de", "fr", "it"};
@@ -24,6 +26,8 @@ QString g_helpFolder(const QString &appDir, qv::Language language)
     return QFileInfo(installed).isDir() ? installed : beside;
 }
 
+}  // namespace qv
+
 HelpWindowClass::HelpWindowClass(QString *appDir, QWidget *parent, QString *page, qv::Language language)
     : QMainWindow(parent), ui(std::make_unique<Ui_HelpWindow>())
 {
@@ -32,7 +36,7 @@ HelpWindowClass::HelpWindowClass(QString *appDir, QWidget *parent, QString *page
     ui->statusbar = nullptr;
     setWindowIcon(QIcon(QStringLiteral(":/new/prefix1/resources/help.png")));
 
-    const QString folder = g_helpFolder(appDir ? *appDir : QString(), language);
+    const QString folder = qv::g_helpFolder(appDir ? *appDir : QString(), language);
     if (!folder.isEmpty())
         searchPaths << folder;
     ui->helpBrowser->setSearchPaths(searchPaths);

@@ -14,11 +14,15 @@
 
 class Ui_HelpWindow;
 
+namespace qv {
+
 // The folder the pages of a language live in: appDir + "/help/en", "/de",
 // "/fr" or "/it" for English, German, French and Italian; when the program
 // runs installed (appDir = <prefix>/bin) and no such folder is beside it, the
 // one under <prefix>/share/quorvanta/help. Empty for any other language value.
 QString g_helpFolder(const QString &appDir, qv::Language language);
+
+}  // namespace qv
 
 class HelpWindowClass : public QMainWindow
 {
