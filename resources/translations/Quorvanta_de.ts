@@ -15,14 +15,6 @@
 <context>
     <name>ChooseDialogClass</name>
     <message>
-        <source>Date/Time</source>
-        <translation>Datum/Uhrzeit</translation>
-    </message>
-    <message>
-        <source>Invalid Data</source>
-        <translation>Ungültige Daten</translation>
-    </message>
-    <message>
         <source>Creating Table...</source>
         <translation>Tabelle wird erstellt...</translation>
     </message>
@@ -117,61 +109,6 @@
     </message>
 </context>
 <context>
-    <name>PagePrinterClass</name>
-    <message>
-        <source>min. Humidity In:</source>
-        <translation>min. Feuchte innen:</translation>
-    </message>
-    <message>
-        <source>max. Humidity In:</source>
-        <translation>max. Feuchte innen:</translation>
-    </message>
-    <message>
-        <source>Frost Protection:</source>
-        <translation>Frostschutz:</translation>
-    </message>
-    <message>
-        <source>min. Temp In:</source>
-        <translation>min. Temp. innen:</translation>
-    </message>
-    <message>
-        <source>max. Temp In:</source>
-        <translation>max. Temp. innen:</translation>
-    </message>
-    <message>
-        <source>Intervall:</source>
-        <translation>Intervall:</translation>
-    </message>
-    <message>
-        <source>Offset Temp In:</source>
-        <translation>Offset Temp. innen:</translation>
-    </message>
-    <message>
-        <source>Offset Temp Out:</source>
-        <translation>Offset Temp. außen:</translation>
-    </message>
-    <message>
-        <source>control Time:</source>
-        <translation>Regelzeit:</translation>
-    </message>
-    <message>
-        <source>Offset Humidity In:</source>
-        <translation>Offset Feuchte innen:</translation>
-    </message>
-    <message>
-        <source>Offset Humidity Out:</source>
-        <translation>Offset Feuchte außen:</translation>
-    </message>
-    <message>
-        <source>Hysteresis On:</source>
-        <translation>Hysterese ein:</translation>
-    </message>
-    <message>
-        <source>Hysteresis Off:</source>
-        <translation>Hysterese aus:</translation>
-    </message>
-</context>
-<context>
     <name>QVChartClass</name>
     <message>
         <source>Quorvanta Print Preview</source>
@@ -180,14 +117,6 @@
     <message>
         <source>Quorvanta PDF Preview</source>
         <translation>Quorvanta PDF-Vorschau</translation>
-    </message>
-    <message>
-        <source>Date/Time</source>
-        <translation>Datum/Uhrzeit</translation>
-    </message>
-    <message>
-        <source>State</source>
-        <translation>Zustand</translation>
     </message>
     <message>
         <source>Export Data (CSV)</source>
@@ -258,220 +187,16 @@
         <translation>Projekt wird geladen...</translation>
     </message>
     <message>
-        <source>File is no Quorvanta project!</source>
-        <translation>Die Datei ist kein Quorvanta-Projekt!</translation>
-    </message>
-    <message>
-        <source>Error in Quorvanta project!</source>
-        <translation>Fehler im Quorvanta-Projekt!</translation>
-    </message>
-    <message>
-        <source>Error reading file!</source>
-        <translation>Fehler beim Lesen der Datei!</translation>
-    </message>
-    <message>
-        <source>Error while writing file!</source>
-        <translation>Fehler beim Schreiben der Datei!</translation>
-    </message>
-    <message>
-        <source>The project is in use by another program!</source>
-        <translation>Das Projekt wird von einem anderen Programm verwendet!</translation>
-    </message>
-    <message>
         <source>Show vaporix Mode</source>
         <translation>vaporix-Modus anzeigen</translation>
-    </message>
-    <message>
-        <source>Quorvanta</source>
-        <translation>Quorvanta</translation>
-    </message>
-    <message>
-        <source>File seems to be part of a vaporix sampling. Try to load the state and settings information too?</source>
-        <translation>Die Datei scheint Teil einer vaporix-Aufzeichnung zu sein. Sollen die Zustands- und Einstellungsdaten ebenfalls geladen werden?</translation>
-    </message>
-    <message>
-        <source>Error in CSV title line 1 !</source>
-        <translation>Fehler in CSV-Titelzeile 1 !</translation>
-    </message>
-    <message>
-        <source>Error in CSV line 2 !
-Too many columns.</source>
-        <translation>Fehler in CSV-Zeile 2 !
-Zu viele Spalten.</translation>
-    </message>
-    <message>
-        <source>Open Ventimar Sampling File</source>
-        <translation>Ventimar-Aufzeichnung öffnen</translation>
-    </message>
-    <message>
-        <source>Ventimar Sampling (*.csv *.CSV)</source>
-        <translation>Ventimar-Aufzeichnung (*.csv *.CSV)</translation>
-    </message>
-    <message>
-        <source>CSV Ventimar Data</source>
-        <translation>Ventimar-CSV-Daten</translation>
-    </message>
-    <message>
-        <source>This kind of sampling file cannot be read yet.</source>
-        <translation>Diese Art von Aufzeichnung kann noch nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>Ventimar Sampling (*.log *.LOG)</source>
-        <translation>Ventimar-Aufzeichnung (*.log *.LOG)</translation>
-    </message>
-    <message>
-        <source>Binary Ventimar Data</source>
-        <translation>Binäre Ventimar-Daten</translation>
-    </message>
-    <message>
-        <source>Open vaporix-Vis Sampling File</source>
-        <translation>vaporix-Vis-Aufzeichnung öffnen</translation>
-    </message>
-    <message>
-        <source>vaporix-Vis Sampling (*.csv *.CSV)</source>
-        <translation>vaporix-Vis-Aufzeichnung (*.csv *.CSV)</translation>
-    </message>
-    <message>
-        <source>CSV vaporix-Vis Data</source>
-        <translation>vaporix-Vis-CSV-Daten</translation>
-    </message>
-    <message>
-        <source> (min %1 / ⌀ %2 / max %3 %4)</source>
-        <translation> (min %1 / ⌀ %2 / max %3 %4)</translation>
-    </message>
-    <message>
-        <source>No data to draw: the project holds no data sets.</source>
-        <translation>Nichts zu zeichnen: Das Projekt enthält keine Datensätze.</translation>
-    </message>
-    <message>
-        <source>Too few samples to draw a chart (at least 8 per data set).</source>
-        <translation>Zu wenige Messwerte für ein Diagramm (mindestens 8 je Datensatz).</translation>
-    </message>
-    <message>
-        <source>No data set is shown: tick a row to draw it.</source>
-        <translation>Kein Datensatz eingeblendet: Haken Sie eine Zeile an, um sie zu zeichnen.</translation>
-    </message>
-    <message>
-        <source> (%1 / %2 / %3 %4)</source>
-        <translation> (%1 / %2 / %3 %4)</translation>
-    </message>
-    <message>
-        <source>File is no Ventimar sampling!</source>
-        <translation>Datei ist keine Ventimar-Aufzeichnung!</translation>
-    </message>
-    <message>
-        <source>Ventimar sampling seems to be broken (header)!</source>
-        <translation>Ventimar-Aufzeichnung scheint defekt zu sein (Kopf)!</translation>
-    </message>
-    <message>
-        <source>Ventimar sampling seems to be broken (filesize)!</source>
-        <translation>Ventimar-Aufzeichnung scheint defekt zu sein (Dateigröße)!</translation>
-    </message>
-    <message>
-        <source>Try to fix missing data?</source>
-        <translation>Fehlende Daten reparieren?</translation>
-    </message>
-    <message>
-        <source>Try to fix Solvanor firmware overflow bug?</source>
-        <translation>Überlauffehler der Solvanor-Firmware reparieren?</translation>
-    </message>
-    <message>
-        <source>Error in CSV line 1 !
-No vaporix-Vis sampling.</source>
-        <translation>Fehler in CSV-Zeile 1 !
-Keine vaporix-Vis-Aufzeichnung.</translation>
-    </message>
-    <message>
-        <source>Error in CSV title line 2 !</source>
-        <translation>Fehler in CSV-Titelzeile 2 !</translation>
-    </message>
-    <message>
-        <source>Error in CSV title line 3 !</source>
-        <translation>Fehler in CSV-Titelzeile 3 !</translation>
-    </message>
-    <message>
-        <source>Error in CSV title line 4 !</source>
-        <translation>Fehler in CSV-Titelzeile 4 !</translation>
-    </message>
-    <message>
-        <source>Error in CSV title line 5 !</source>
-        <translation>Fehler in CSV-Titelzeile 5 !</translation>
-    </message>
-    <message>
-        <source>Error in CSV line 5 !
-Too many columns.</source>
-        <translation>Fehler in CSV-Zeile 5 !
-Zu viele Spalten.</translation>
-    </message>
-    <message>
-        <source>Error in CSV title line 7 !</source>
-        <translation>Fehler in CSV-Titelzeile 7 !</translation>
-    </message>
-    <message>
-        <source>Error in CSV line 7 !
-Too many columns.</source>
-        <translation>Fehler in CSV-Zeile 7 !
-Zu viele Spalten.</translation>
-    </message>
-    <message>
-        <source>File is containing too many data. Please contact Merovin.</source>
-        <translation>Die Datei enthält zu viele Daten. Bitte wenden Sie sich an Merovin.</translation>
     </message>
     <message>
         <source>State: </source>
         <translation>Zustand: </translation>
     </message>
     <message>
-        <source>Manual Off</source>
-        <translation>Hand Aus</translation>
-    </message>
-    <message>
-        <source>Scheduler Off</source>
-        <translation>Zeitplan Aus</translation>
-    </message>
-    <message>
-        <source>Frost Protection</source>
-        <translation>Frostschutz</translation>
-    </message>
-    <message>
-        <source>Too Cold Outside</source>
-        <translation>Außen zu kalt</translation>
-    </message>
-    <message>
-        <source>Too Hot Outside</source>
-        <translation>Außen zu warm</translation>
-    </message>
-    <message>
-        <source>Conditions OK</source>
-        <translation>Bedingungen OK</translation>
-    </message>
-    <message>
-        <source>Weather adverse</source>
-        <translation>Wetter ungünstig</translation>
-    </message>
-    <message>
-        <source>Sensor Alarm</source>
-        <translation>Sensoralarm</translation>
-    </message>
-    <message>
-        <source>Sensor In Alarm</source>
-        <translation>Sensoralarm innen</translation>
-    </message>
-    <message>
-        <source>Sensor Out Alarm</source>
-        <translation>Sensoralarm außen</translation>
-    </message>
-    <message>
         <source>No Data</source>
         <translation>Keine Daten</translation>
-    </message>
-    <message>
-        <source>Manual On</source>
-        <translation>Hand Ein</translation>
-    </message>
-    <message>
-        <source>System running</source>
-        <translation>Anlage läuft</translation>
     </message>
 </context>
 <context>
@@ -779,18 +504,6 @@ importieren</translation>
         <source>Error</source>
         <translation>Fehler</translation>
     </message>
-    <message>
-        <source>At least 1 set of data must be displayed !</source>
-        <translation>Mindestens 1 Datensatz muss angezeigt werden !</translation>
-    </message>
-    <message>
-        <source>At least 1 axis must be displayed !</source>
-        <translation>Mindestens 1 Achse muss angezeigt werden !</translation>
-    </message>
-    <message>
-        <source>It&apos;s not possible displaying more than 6 axis !</source>
-        <translation>Es können nicht mehr als 6 Achsen angezeigt werden !</translation>
-    </message>
 </context>
 <context>
     <name>settingsDialog</name>
@@ -964,6 +677,297 @@ importieren</translation>
     <message>
         <source>Decimals:</source>
         <translation>Dezimalstellen:</translation>
+    </message>
+</context>
+<context>
+    <name>QuorvantaCore</name>
+    <message>
+        <source>Date/Time</source>
+        <translation>Datum/Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Invalid Data</source>
+        <translation>Ungültige Daten</translation>
+    </message>
+    <message>
+        <source>min. Humidity In:</source>
+        <translation>min. Feuchte innen:</translation>
+    </message>
+    <message>
+        <source>max. Humidity In:</source>
+        <translation>max. Feuchte innen:</translation>
+    </message>
+    <message>
+        <source>Frost Protection:</source>
+        <translation>Frostschutz:</translation>
+    </message>
+    <message>
+        <source>min. Temp In:</source>
+        <translation>min. Temp. innen:</translation>
+    </message>
+    <message>
+        <source>max. Temp In:</source>
+        <translation>max. Temp. innen:</translation>
+    </message>
+    <message>
+        <source>Intervall:</source>
+        <translation>Intervall:</translation>
+    </message>
+    <message>
+        <source>Offset Temp In:</source>
+        <translation>Offset Temp. innen:</translation>
+    </message>
+    <message>
+        <source>Offset Temp Out:</source>
+        <translation>Offset Temp. außen:</translation>
+    </message>
+    <message>
+        <source>control Time:</source>
+        <translation>Regelzeit:</translation>
+    </message>
+    <message>
+        <source>Offset Humidity In:</source>
+        <translation>Offset Feuchte innen:</translation>
+    </message>
+    <message>
+        <source>Offset Humidity Out:</source>
+        <translation>Offset Feuchte außen:</translation>
+    </message>
+    <message>
+        <source>Hysteresis On:</source>
+        <translation>Hysterese ein:</translation>
+    </message>
+    <message>
+        <source>Hysteresis Off:</source>
+        <translation>Hysterese aus:</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Error while loading additional vaporix files!</source>
+        <translation>Fehler beim Laden der zusätzlichen vaporix-Dateien!</translation>
+    </message>
+    <message>
+        <source>File is no Quorvanta project!</source>
+        <translation>Die Datei ist kein Quorvanta-Projekt!</translation>
+    </message>
+    <message>
+        <source>Error in Quorvanta project!</source>
+        <translation>Fehler im Quorvanta-Projekt!</translation>
+    </message>
+    <message>
+        <source>Error reading file!</source>
+        <translation>Fehler beim Lesen der Datei!</translation>
+    </message>
+    <message>
+        <source>Error while writing file!</source>
+        <translation>Fehler beim Schreiben der Datei!</translation>
+    </message>
+    <message>
+        <source>The project is in use by another program!</source>
+        <translation>Das Projekt wird von einem anderen Programm verwendet!</translation>
+    </message>
+    <message>
+        <source>Quorvanta</source>
+        <translation>Quorvanta</translation>
+    </message>
+    <message>
+        <source>File seems to be part of a vaporix sampling. Try to load the state and settings information too?</source>
+        <translation>Die Datei scheint Teil einer vaporix-Aufzeichnung zu sein. Sollen die Zustands- und Einstellungsdaten ebenfalls geladen werden?</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 1 !</source>
+        <translation>Fehler in CSV-Titelzeile 1 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV line 2 !
+Too many columns.</source>
+        <translation>Fehler in CSV-Zeile 2 !
+Zu viele Spalten.</translation>
+    </message>
+    <message>
+        <source>This kind of sampling file cannot be read yet.</source>
+        <translation>Diese Art von Aufzeichnung kann noch nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source> (min %1 / ⌀ %2 / max %3 %4)</source>
+        <translation> (min %1 / ⌀ %2 / max %3 %4)</translation>
+    </message>
+    <message>
+        <source>No data to draw: the project holds no data sets.</source>
+        <translation>Nichts zu zeichnen: Das Projekt enthält keine Datensätze.</translation>
+    </message>
+    <message>
+        <source>Too few samples to draw a chart (at least 8 per data set).</source>
+        <translation>Zu wenige Messwerte für ein Diagramm (mindestens 8 je Datensatz).</translation>
+    </message>
+    <message>
+        <source>No data set is shown: tick a row to draw it.</source>
+        <translation>Kein Datensatz eingeblendet: Haken Sie eine Zeile an, um sie zu zeichnen.</translation>
+    </message>
+    <message>
+        <source> (%1 / %2 / %3 %4)</source>
+        <translation> (%1 / %2 / %3 %4)</translation>
+    </message>
+    <message>
+        <source>File is no Ventimar sampling!</source>
+        <translation>Datei ist keine Ventimar-Aufzeichnung!</translation>
+    </message>
+    <message>
+        <source>Ventimar sampling seems to be broken (header)!</source>
+        <translation>Ventimar-Aufzeichnung scheint defekt zu sein (Kopf)!</translation>
+    </message>
+    <message>
+        <source>Ventimar sampling seems to be broken (filesize)!</source>
+        <translation>Ventimar-Aufzeichnung scheint defekt zu sein (Dateigröße)!</translation>
+    </message>
+    <message>
+        <source>Try to fix missing data?</source>
+        <translation>Fehlende Daten reparieren?</translation>
+    </message>
+    <message>
+        <source>Try to fix Solvanor firmware overflow bug?</source>
+        <translation>Überlauffehler der Solvanor-Firmware reparieren?</translation>
+    </message>
+    <message>
+        <source>Error in CSV line 1 !
+No vaporix-Vis sampling.</source>
+        <translation>Fehler in CSV-Zeile 1 !
+Keine vaporix-Vis-Aufzeichnung.</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 2 !</source>
+        <translation>Fehler in CSV-Titelzeile 2 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 3 !</source>
+        <translation>Fehler in CSV-Titelzeile 3 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 4 !</source>
+        <translation>Fehler in CSV-Titelzeile 4 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 5 !</source>
+        <translation>Fehler in CSV-Titelzeile 5 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV line 5 !
+Too many columns.</source>
+        <translation>Fehler in CSV-Zeile 5 !
+Zu viele Spalten.</translation>
+    </message>
+    <message>
+        <source>Error in CSV title line 7 !</source>
+        <translation>Fehler in CSV-Titelzeile 7 !</translation>
+    </message>
+    <message>
+        <source>Error in CSV line 7 !
+Too many columns.</source>
+        <translation>Fehler in CSV-Zeile 7 !
+Zu viele Spalten.</translation>
+    </message>
+    <message>
+        <source>File is containing too many data. Please contact Merovin.</source>
+        <translation>Die Datei enthält zu viele Daten. Bitte wenden Sie sich an Merovin.</translation>
+    </message>
+    <message>
+        <source>Manual Off</source>
+        <translation>Hand Aus</translation>
+    </message>
+    <message>
+        <source>Scheduler Off</source>
+        <translation>Zeitplan Aus</translation>
+    </message>
+    <message>
+        <source>Frost Protection</source>
+        <translation>Frostschutz</translation>
+    </message>
+    <message>
+        <source>Too Cold Outside</source>
+        <translation>Außen zu kalt</translation>
+    </message>
+    <message>
+        <source>Too Hot Outside</source>
+        <translation>Außen zu warm</translation>
+    </message>
+    <message>
+        <source>Conditions OK</source>
+        <translation>Bedingungen OK</translation>
+    </message>
+    <message>
+        <source>Weather adverse</source>
+        <translation>Wetter ungünstig</translation>
+    </message>
+    <message>
+        <source>Sensor Alarm</source>
+        <translation>Sensoralarm</translation>
+    </message>
+    <message>
+        <source>Sensor In Alarm</source>
+        <translation>Sensoralarm innen</translation>
+    </message>
+    <message>
+        <source>Sensor Out Alarm</source>
+        <translation>Sensoralarm außen</translation>
+    </message>
+    <message>
+        <source>No Data</source>
+        <translation>Keine Daten</translation>
+    </message>
+    <message>
+        <source>Manual On</source>
+        <translation>Hand Ein</translation>
+    </message>
+    <message>
+        <source>System running</source>
+        <translation>Anlage läuft</translation>
+    </message>
+    <message>
+        <source>At least 1 set of data must be displayed !</source>
+        <translation>Mindestens 1 Datensatz muss angezeigt werden !</translation>
+    </message>
+    <message>
+        <source>At least 1 axis must be displayed !</source>
+        <translation>Mindestens 1 Achse muss angezeigt werden !</translation>
+    </message>
+    <message>
+        <source>It&apos;s not possible displaying more than 6 axis !</source>
+        <translation>Es können nicht mehr als 6 Achsen angezeigt werden !</translation>
+    </message>
+    <message>
+        <source>Open Ventimar Sampling File</source>
+        <translation>Ventimar-Aufzeichnung öffnen</translation>
+    </message>
+    <message>
+        <source>Ventimar Sampling (*.csv *.CSV)</source>
+        <translation>Ventimar-Aufzeichnung (*.csv *.CSV)</translation>
+    </message>
+    <message>
+        <source>CSV Ventimar Data</source>
+        <translation>Ventimar-CSV-Daten</translation>
+    </message>
+    <message>
+        <source>Ventimar Sampling (*.log *.LOG)</source>
+        <translation>Ventimar-Aufzeichnung (*.log *.LOG)</translation>
+    </message>
+    <message>
+        <source>Binary Ventimar Data</source>
+        <translation>Binäre Ventimar-Daten</translation>
+    </message>
+    <message>
+        <source>Open vaporix-Vis Sampling File</source>
+        <translation>vaporix-Vis-Aufzeichnung öffnen</translation>
+    </message>
+    <message>
+        <source>vaporix-Vis Sampling (*.csv *.CSV)</source>
+        <translation>vaporix-Vis-Aufzeichnung (*.csv *.CSV)</translation>
+    </message>
+    <message>
+        <source>CSV vaporix-Vis Data</source>
+        <translation>vaporix-Vis-CSV-Daten</translation>
     </message>
 </context>
 </TS>

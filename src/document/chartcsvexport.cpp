@@ -3,6 +3,7 @@
 // only what it shows. Numbers follow the system's decimal separator.
 #include "document/qvchartclass.h"
 
+#include "core/base/coretexts.h"
 #include "core/project/csvexport.h"
 #include "gui/ui/charttexts.h"
 #include "gui/ui/dialogseam.h"
@@ -34,7 +35,7 @@ void QVChartClass::s_exportCSV()
 
     options.sets = qv::g_shownDataSets(m);
     options.decimalComma = options.byteOrderMark = QLocale().decimalPoint() == QLatin1Char(',');
-    options.translate = [](const char *source) { return qv::g_chartText(source); };
+    options.translate = [](const char *source) { return qv::g_coreText(source); };
     qv::ProgressSession progress(mainWindow, tr("Exporting Data..."), tr("Chart Data..."),
                                  [this] { m_setWaitCursor(); });
     options.progress = progress.callback();
@@ -42,5 +43,5 @@ void QVChartClass::s_exportCSV()
     progress.release();
     m_restoreCursor();
     if (!result.ok)
-        qv::g_critical(mainWindow, tr(qv::kTextErrorTitle), tr(result.message));
+        qv::g_critical(mainWindow, tr(qv::kTextErrorTitle), qv::g_coreText(result.message));
 }

@@ -1,8 +1,8 @@
 #include "document/qvchartclass.h"
 
+#include "core/base/coretexts.h"
 #include "core/chart/chartplan.h"
 #include "gui/chart/chartbuilder.h"
-#include "gui/ui/charttexts.h"
 
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QXYSeries>
@@ -16,7 +16,7 @@ void QVChartClass::m_displayChart(QtCharts::QChartView *view, bool forPrint)
         return;
     const qv::ChartCheck check = qv::g_checkChartData(model());
     if (check != qv::ChartCheck::Drawable) {
-        qv::g_installChart(view, qv::g_buildMessageChart(qv::g_chartText(qv::g_chartCheckText(check)), view->width()));
+        qv::g_installChart(view, qv::g_buildMessageChart(qv::g_coreText(qv::g_chartCheckText(check)), view->width()));
         return;
     }
 

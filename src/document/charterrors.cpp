@@ -1,6 +1,7 @@
 // The chart's common error exits.
 #include "document/qvchartclass.h"
 
+#include "core/base/coretexts.h"
 #include "core/project/projectfile.h"
 #include "gui/ui/charttexts.h"
 #include "gui/ui/dialogseam.h"
@@ -39,7 +40,7 @@ int QVChartClass::m_returnExtError(QDialog *progress)
 
 bool QVChartClass::m_fail(const qv::FileResult &result, QDialog *progress)
 {
-    const QString message = qv::g_chartText(result.message);
+    const QString message = qv::g_coreText(result.message);
     switch (result.error) {
     case qv::FileError::SiblingFiles:
         m_returnExtError(progress);

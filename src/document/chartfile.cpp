@@ -1,6 +1,7 @@
 // Saving and opening the project file of the chart.
 #include "document/qvchartclass.h"
 
+#include "core/base/coretexts.h"
 #include "core/project/projectfile.h"
 #include "core/project/projectpaths.h"
 #include "gui/ui/charttexts.h"
@@ -33,7 +34,7 @@ bool QVChartClass::s_saveProject()
     progress.release();
     m_restoreCursor();
     if (!result.ok) {
-        qv::g_critical(mainWindow, tr(qv::kTextErrorTitle), tr(result.message));
+        qv::g_critical(mainWindow, tr(qv::kTextErrorTitle), qv::g_coreText(result.message));
         return false;
     }
     projectDir = qv::g_projectDirOf(projectFile, projectDir);

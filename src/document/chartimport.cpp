@@ -2,6 +2,7 @@
 // file dialog, the progress text and the core reader; one routine runs them.
 #include "document/qvchartclass.h"
 
+#include "core/base/coretexts.h"
 #include "core/import/inputkind.h"
 #include "core/project/projectpaths.h"
 #include "gui/ui/charttexts.h"
@@ -19,12 +20,12 @@ bool QVChartClass::m_runImport(const qv::SamplingFormat &format, const QString &
 {
     const QString path = !givenPath.isEmpty()
                              ? givenPath
-                             : qv::g_getOpenFileName(mainWindow, tr(format.caption), importDir, tr(format.filter));
+                             : qv::g_getOpenFileName(mainWindow, qv::g_coreText(format.caption), importDir, qv::g_coreText(format.filter));
     if (path.isEmpty())
         return false;
 
     m_setWaitCursor();
-    qv::ProgressSession progress(mainWindow, tr(qv::kTextImporting), tr(format.detail));
+    qv::ProgressSession progress(mainWindow, tr(qv::kTextImporting), qv::g_coreText(format.detail));
     qv::WidgetImportHost host(mainWindow, progress);
     const qv::FileResult result = format.read(path, *chartModel, host);
     if (!result.ok)

@@ -3,6 +3,7 @@
 // and the hover callout.
 #include "document/qvchartclass.h"
 
+#include "core/base/coretexts.h"
 #include "core/chart/zoomwindow.h"
 #include "core/model/devicestate.h"
 #include "gui/chart/tooltipclass.h"
@@ -212,7 +213,7 @@ void QVChartClass::m_showState(QPointF position)
         infoLabel->clear();
         return;
     }
-    infoLabel->setText(tr("State: ") + tr(qv::g_stateName(codes.code[index])) + QLatin1String("<center>") +
+    infoLabel->setText(tr("State: ") + qv::g_coreText(qv::g_stateName(codes.code[index])) + QLatin1String("<center>") +
                        QDateTime::fromMSecsSinceEpoch(t).toString(QStringLiteral("dd.MM.yyyy hh:mm")));
 }
 

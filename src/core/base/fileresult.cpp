@@ -4,7 +4,7 @@
 
 namespace qv {
 
-const char *const kMsgReadError = QT_TRANSLATE_NOOP("QVChartClass", "Error reading file!");
-const char *const kMsgWriteError = QT_TRANSLATE_NOOP("QVChartClass", "Error while writing file!");
+const char *const kMsgReadError = QT_TRANSLATE_NOOP("QuorvantaCore", "Error reading file!");
+const char *const kMsgWriteError = QT_TRANSLATE_NOOP("QuorvantaCore", "Error while writing file!");
 
 }  // namespace qv

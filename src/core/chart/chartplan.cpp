@@ -24,11 +24,11 @@ const char *g_chartCheckText(ChartCheck check)
 {
     switch (check) {
     case ChartCheck::NoDataSets:
-        return QT_TRANSLATE_NOOP("QVChartClass", "No data to draw: the project holds no data sets.");
+        return QT_TRANSLATE_NOOP("QuorvantaCore", "No data to draw: the project holds no data sets.");
     case ChartCheck::TooFewSamples:
-        return QT_TRANSLATE_NOOP("QVChartClass", "Too few samples to draw a chart (at least 8 per data set).");
+        return QT_TRANSLATE_NOOP("QuorvantaCore", "Too few samples to draw a chart (at least 8 per data set).");
     case ChartCheck::NothingShown:
-        return QT_TRANSLATE_NOOP("QVChartClass", "No data set is shown: tick a row to draw it.");
+        return QT_TRANSLATE_NOOP("QuorvantaCore", "No data set is shown: tick a row to draw it.");
     case ChartCheck::Drawable:
         break;
     }

@@ -21,7 +21,7 @@ enum class ChartCheck {
 ChartCheck g_checkChartData(const ChartModel &model);
 
 // Why nothing can be drawn, as the English source text (context
-// "QVChartClass") that the chart area shows instead of a chart; null for
+// "QuorvantaCore") that the chart area shows instead of a chart; null for
 // Drawable.
 const char *g_chartCheckText(ChartCheck check);
 

@@ -55,7 +55,7 @@ QString ChooseTableModel::m_cellText(int row, int column) const
     const _chartDataType *store = stores[c.slot];
     // A data set shorter than data set 0 has no sample in the rows past its end.
     if (!store || row >= g_sampleCount(store->count) || g_isMissing(store->value[row]))
-        return QCoreApplication::translate("ChooseDialogClass", "Invalid Data");
+        return QCoreApplication::translate("QuorvantaCore", "Invalid Data");
     return QStringLiteral("%1 %2").arg(QString::number(store->value[row], 'f', c.decimals), c.unit);
 }
 
@@ -74,7 +74,7 @@ QVariant ChooseTableModel::headerData(int section, Qt::Orientation orientation, 
 {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole) {
         if (section == 0)
-            return QCoreApplication::translate("ChooseDialogClass", "Date/Time");
+            return QCoreApplication::translate("QuorvantaCore", "Date/Time");
         return section > 0 && section <= columns.size() ? QVariant(columns[section - 1].name) : QVariant();
     }
     if (role == Qt::TextAlignmentRole)

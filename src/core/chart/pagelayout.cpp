@@ -25,20 +25,20 @@ constexpr int kLineFromBottom[kBandLines] = {240, 144, 48};
 
 // clang-format off
 const BandField kBand[kBandColumns][kBandLines] = {
-    {{QT_TRANSLATE_NOOP("PagePrinterClass", "min. Humidity In:"), Double, 0, 0, "%"},
-     {QT_TRANSLATE_NOOP("PagePrinterClass", "max. Humidity In:"), Double, 1, 0, "%"},
-     {QT_TRANSLATE_NOOP("PagePrinterClass", "Frost Protection:"), Double, 4, 1, "\xC2\xB0" "C"}},
-    {{QT_TRANSLATE_NOOP("PagePrinterClass", "min. Temp In:"), Double, 2, 1, "\xC2\xB0" "C"},
-     {QT_TRANSLATE_NOOP("PagePrinterClass", "max. Temp In:"), Double, 3, 1, "\xC2\xB0" "C"},
-     {QT_TRANSLATE_NOOP("PagePrinterClass", "Intervall:"), Interval, 0, 0, "sec"}},
-    {{QT_TRANSLATE_NOOP("PagePrinterClass", "Offset Temp In:"), Double, 7, 1, "\xC2\xB0" "C"},
-     {QT_TRANSLATE_NOOP("PagePrinterClass", "Offset Temp Out:"), Double, 8, 1, "\xC2\xB0" "C"},
-     {QT_TRANSLATE_NOOP("PagePrinterClass", "control Time:"), ControlTime, 0, 0, "min"}},
-    {{QT_TRANSLATE_NOOP("PagePrinterClass", "Offset Humidity In:"), Double, 9, 1, "%"},
-     {QT_TRANSLATE_NOOP("PagePrinterClass", "Offset Humidity Out:"), Double, 10, 1, "%"},
+    {{QT_TRANSLATE_NOOP("QuorvantaCore", "min. Humidity In:"), Double, 0, 0, "%"},
+     {QT_TRANSLATE_NOOP("QuorvantaCore", "max. Humidity In:"), Double, 1, 0, "%"},
+     {QT_TRANSLATE_NOOP("QuorvantaCore", "Frost Protection:"), Double, 4, 1, "\xC2\xB0" "C"}},
+    {{QT_TRANSLATE_NOOP("QuorvantaCore", "min. Temp In:"), Double, 2, 1, "\xC2\xB0" "C"},
+     {QT_TRANSLATE_NOOP("QuorvantaCore", "max. Temp In:"), Double, 3, 1, "\xC2\xB0" "C"},
+     {QT_TRANSLATE_NOOP("QuorvantaCore", "Intervall:"), Interval, 0, 0, "sec"}},
+    {{QT_TRANSLATE_NOOP("QuorvantaCore", "Offset Temp In:"), Double, 7, 1, "\xC2\xB0" "C"},
+     {QT_TRANSLATE_NOOP("QuorvantaCore", "Offset Temp Out:"), Double, 8, 1, "\xC2\xB0" "C"},
+     {QT_TRANSLATE_NOOP("QuorvantaCore", "control Time:"), ControlTime, 0, 0, "min"}},
+    {{QT_TRANSLATE_NOOP("QuorvantaCore", "Offset Humidity In:"), Double, 9, 1, "%"},
+     {QT_TRANSLATE_NOOP("QuorvantaCore", "Offset Humidity Out:"), Double, 10, 1, "%"},
      {nullptr, None, 0, 0, nullptr}},
-    {{QT_TRANSLATE_NOOP("PagePrinterClass", "Hysteresis On:"), Double, 5, 2, "g/kg"},
-     {QT_TRANSLATE_NOOP("PagePrinterClass", "Hysteresis Off:"), Double, 6, 2, "g/kg"},
+    {{QT_TRANSLATE_NOOP("QuorvantaCore", "Hysteresis On:"), Double, 5, 2, "g/kg"},
+     {QT_TRANSLATE_NOOP("QuorvantaCore", "Hysteresis Off:"), Double, 6, 2, "g/kg"},
      {nullptr, None, 0, 0, nullptr}},
 };
 // clang-format on

@@ -16,8 +16,6 @@ constexpr int kPageDpi = 600;
 constexpr int kPageMarginX = 192;     // left and right of the chart
 constexpr int kPageMarginTop = 96;    // above the chart
 constexpr int kPageBandHeight = 288;  // below the chart, for the parameters
-// Context of the band labels in the translation catalogue.
-constexpr const char kPageBandContext[] = "PagePrinterClass";
 
 // Where the chart goes on a page of width x height pixels.
 QRect g_pageChartRect(int width, int height);

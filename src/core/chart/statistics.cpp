@@ -9,8 +9,8 @@
 
 namespace qv {
 
-const char *const kLongStatisticsText = QT_TRANSLATE_NOOP("QVChartClass", " (min %1 / ⌀ %2 / max %3 %4)");
-const char *const kShortStatisticsText = QT_TRANSLATE_NOOP("QVChartClass", " (%1 / %2 / %3 %4)");
+const char *const kLongStatisticsText = QT_TRANSLATE_NOOP("QuorvantaCore", " (min %1 / ⌀ %2 / max %3 %4)");
+const char *const kShortStatisticsText = QT_TRANSLATE_NOOP("QuorvantaCore", " (%1 / %2 / %3 %4)");
 
 namespace {
 

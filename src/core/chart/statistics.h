@@ -9,7 +9,7 @@
 
 namespace qv {
 
-// Legend texts (context "QVChartClass"): the first data set that gets
+// Legend texts (context "QuorvantaCore"): the first data set that gets
 // statistics uses the long form, every later one the short form.
 // %1 minimum, %2 average, %3 maximum (2 decimals each), %4 unit.
 extern const char *const kLongStatisticsText;

@@ -14,8 +14,8 @@
 
 namespace qv {
 
-const char *const kMsgCsvTitle = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 1 !");
-const char *const kMsgCsvColumns = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 2 !\nToo many columns.");
+const char *const kMsgCsvTitle = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in CSV title line 1 !");
+const char *const kMsgCsvColumns = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in CSV line 2 !\nToo many columns.");
 
 namespace {
 

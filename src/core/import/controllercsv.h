@@ -7,7 +7,7 @@
 
 namespace qv {
 
-// Message texts (English source texts, context "QVChartClass").
+// Message texts (English source texts, context "QuorvantaCore").
 extern const char *const kMsgCsvTitle;    // "Error in CSV title line 1 !"
 extern const char *const kMsgCsvColumns;  // "Error in CSV line 2 !\nToo many columns."
 

@@ -17,11 +17,11 @@
 
 namespace qv {
 
-const char *const kMsgNoLog = QT_TRANSLATE_NOOP("QVChartClass", "File is no Ventimar sampling!");
-const char *const kMsgLogHeader = QT_TRANSLATE_NOOP("QVChartClass", "Ventimar sampling seems to be broken (header)!");
-const char *const kMsgLogSize = QT_TRANSLATE_NOOP("QVChartClass", "Ventimar sampling seems to be broken (filesize)!");
-const char *const kAskFixMissingData = QT_TRANSLATE_NOOP("QVChartClass", "Try to fix missing data?");
-const char *const kAskFixOverflow = QT_TRANSLATE_NOOP("QVChartClass", "Try to fix Solvanor firmware overflow bug?");
+const char *const kMsgNoLog = QT_TRANSLATE_NOOP("QuorvantaCore", "File is no Ventimar sampling!");
+const char *const kMsgLogHeader = QT_TRANSLATE_NOOP("QuorvantaCore", "Ventimar sampling seems to be broken (header)!");
+const char *const kMsgLogSize = QT_TRANSLATE_NOOP("QuorvantaCore", "Ventimar sampling seems to be broken (filesize)!");
+const char *const kAskFixMissingData = QT_TRANSLATE_NOOP("QuorvantaCore", "Try to fix missing data?");
+const char *const kAskFixOverflow = QT_TRANSLATE_NOOP("QuorvantaCore", "Try to fix Solvanor firmware overflow bug?");
 
 namespace {
 

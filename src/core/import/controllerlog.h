@@ -7,7 +7,7 @@
 
 namespace qv {
 
-// Message and question texts (English source texts, context "QVChartClass").
+// Message and question texts (English source texts, context "QuorvantaCore").
 extern const char *const kMsgNoLog;           // "File is no Ventimar sampling!"
 extern const char *const kMsgLogHeader;       // "Ventimar sampling seems to be broken (header)!"
 extern const char *const kMsgLogSize;         // "Ventimar sampling seems to be broken (filesize)!"

@@ -12,12 +12,14 @@
 
 namespace qv {
 
-const char *const kMsgSiblingFiles = QT_TRANSLATE_NOOP("QVChartClass", "Error while loading additional vaporix files!");
+const char *const kMsgSiblingFiles =
+    QT_TRANSLATE_NOOP("QuorvantaCore", "Error while loading additional vaporix files!");
 const char *const kMsgTooManyData =
-    QT_TRANSLATE_NOOP("QVChartClass", "File is containing too many data. Please contact Merovin.");
-const char *const kTitleQuestion = QT_TRANSLATE_NOOP("QVChartClass", "Quorvanta");
+    QT_TRANSLATE_NOOP("QuorvantaCore", "File is containing too many data. Please contact Merovin.");
+const char *const kTitleQuestion = QT_TRANSLATE_NOOP("QuorvantaCore", "Quorvanta");
 const char *const kAskSiblingFiles = QT_TRANSLATE_NOOP(
-    "QVChartClass", "File seems to be part of a vaporix sampling. Try to load the state and settings information too?");
+    "QuorvantaCore",
+    "File seems to be part of a vaporix sampling. Try to load the state and settings information too?");
 const char *const kSensorTitle = "SENSORWERTE";
 
 namespace {

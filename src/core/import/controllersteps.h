@@ -13,7 +13,7 @@
 
 namespace qv {
 
-// Texts (English source texts, context "QVChartClass").
+// Texts (English source texts, context "QuorvantaCore").
 extern const char *const kMsgSiblingFiles;  // "Error while loading additional vaporix files!"
 extern const char *const kMsgTooManyData;   // "File is containing too many data. Please contact Merovin."
 extern const char *const kTitleQuestion;    // "Quorvanta"

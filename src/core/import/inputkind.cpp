@@ -42,21 +42,21 @@ InputKind g_detectInputKind(const QString &path)
 const SamplingFormat *g_samplingFormat(InputKind kind)
 {
     static const SamplingFormat kControllerCsv{
-        QT_TRANSLATE_NOOP("QVChartClass", "Open Ventimar Sampling File"),
-        QT_TRANSLATE_NOOP("QVChartClass", "Ventimar Sampling (*.csv *.CSV)"),
-        QT_TRANSLATE_NOOP("QVChartClass", "CSV Ventimar Data"),
+        QT_TRANSLATE_NOOP("QuorvantaCore", "Open Ventimar Sampling File"),
+        QT_TRANSLATE_NOOP("QuorvantaCore", "Ventimar Sampling (*.csv *.CSV)"),
+        QT_TRANSLATE_NOOP("QuorvantaCore", "CSV Ventimar Data"),
         &g_importControllerCsv,
     };
     static const SamplingFormat kControllerLog{
-        QT_TRANSLATE_NOOP("QVChartClass", "Open Ventimar Sampling File"),
-        QT_TRANSLATE_NOOP("QVChartClass", "Ventimar Sampling (*.log *.LOG)"),
-        QT_TRANSLATE_NOOP("QVChartClass", "Binary Ventimar Data"),
+        QT_TRANSLATE_NOOP("QuorvantaCore", "Open Ventimar Sampling File"),
+        QT_TRANSLATE_NOOP("QuorvantaCore", "Ventimar Sampling (*.log *.LOG)"),
+        QT_TRANSLATE_NOOP("QuorvantaCore", "Binary Ventimar Data"),
         &g_importControllerLog,
     };
     static const SamplingFormat kVisCsv{
-        QT_TRANSLATE_NOOP("QVChartClass", "Open vaporix-Vis Sampling File"),
-        QT_TRANSLATE_NOOP("QVChartClass", "vaporix-Vis Sampling (*.csv *.CSV)"),
-        QT_TRANSLATE_NOOP("QVChartClass", "CSV vaporix-Vis Data"),
+        QT_TRANSLATE_NOOP("QuorvantaCore", "Open vaporix-Vis Sampling File"),
+        QT_TRANSLATE_NOOP("QuorvantaCore", "vaporix-Vis Sampling (*.csv *.CSV)"),
+        QT_TRANSLATE_NOOP("QuorvantaCore", "CSV vaporix-Vis Data"),
         &g_importVisCsv,
     };
     switch (kind) {

@@ -21,7 +21,7 @@ using ImportFunction = FileResult (*)(const QString &path, ChartModel &model, Im
 // What differs between the sampling imports on the widget side: the file
 // dialog, the progress text and the core function that reads the file.
 struct SamplingFormat {
-    const char *caption;  // file dialog caption, translated in the chart's context
+    const char *caption;  // file dialog caption (a core text)
     const char *filter;   // file dialog filter, translated likewise
     const char *detail;   // progress dialog detail text, translated likewise
     ImportFunction read;

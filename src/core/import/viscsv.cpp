@@ -15,14 +15,14 @@
 
 namespace qv {
 
-const char *const kMsgVisLine1 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 1 !\nNo vaporix-Vis sampling.");
-const char *const kMsgVisLine2 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 2 !");
-const char *const kMsgVisLine3 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 3 !");
-const char *const kMsgVisLine4 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 4 !");
-const char *const kMsgVisLine5 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 5 !");
-const char *const kMsgVisLine5Fields = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 5 !\nToo many columns.");
-const char *const kMsgVisLine7 = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV title line 7 !");
-const char *const kMsgVisLine7Fields = QT_TRANSLATE_NOOP("QVChartClass", "Error in CSV line 7 !\nToo many columns.");
+const char *const kMsgVisLine1 = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in CSV line 1 !\nNo vaporix-Vis sampling.");
+const char *const kMsgVisLine2 = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in CSV title line 2 !");
+const char *const kMsgVisLine3 = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in CSV title line 3 !");
+const char *const kMsgVisLine4 = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in CSV title line 4 !");
+const char *const kMsgVisLine5 = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in CSV title line 5 !");
+const char *const kMsgVisLine5Fields = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in CSV line 5 !\nToo many columns.");
+const char *const kMsgVisLine7 = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in CSV title line 7 !");
+const char *const kMsgVisLine7Fields = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in CSV line 7 !\nToo many columns.");
 
 namespace {
 

@@ -23,7 +23,7 @@ enum class DeviceState : qint8 {
     SystemRunning = 12,
 };
 
-// The untranslated name of a state code (context "QVChartClass"); a code
+// The untranslated name of a state code (context "QuorvantaCore"); a code
 // outside 0..12 has the name of code 0.
 const char *g_stateName(int code);
 

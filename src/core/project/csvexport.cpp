@@ -15,8 +15,8 @@ namespace qv {
 
 namespace {
 
-const char *const kTimeHeader = QT_TRANSLATE_NOOP("QVChartClass", "Date/Time");
-const char *const kStateHeader = QT_TRANSLATE_NOOP("QVChartClass", "State");
+const char *const kTimeHeader = QT_TRANSLATE_NOOP("QuorvantaCore", "Date/Time");
+const char *const kStateHeader = QT_TRANSLATE_NOOP("QuorvantaCore", "State");
 
 constexpr qint64 kDayMs = 86400000;
 constexpr qint64 kBlockMs = 6 * 3600 * 1000;

@@ -5,7 +5,7 @@
 namespace qv {
 
 const char *const kMsgTypeNotSupported =
-    QT_TRANSLATE_NOOP("QVChartClass", "This kind of sampling file cannot be read yet.");
+    QT_TRANSLATE_NOOP("QuorvantaCore", "This kind of sampling file cannot be read yet.");
 
 FileResult g_readInput(InputKind kind, const QString &path, ChartModel &model, ImportHost &host)
 {

@@ -17,9 +17,9 @@
 
 namespace qv {
 
-const char *const kMsgNoProject = QT_TRANSLATE_NOOP("QVChartClass", "File is no Quorvanta project!");
-const char *const kMsgDamagedProject = QT_TRANSLATE_NOOP("QVChartClass", "Error in Quorvanta project!");
-const char *const kMsgProjectInUse = QT_TRANSLATE_NOOP("QVChartClass", "The project is in use by another program!");
+const char *const kMsgNoProject = QT_TRANSLATE_NOOP("QuorvantaCore", "File is no Quorvanta project!");
+const char *const kMsgDamagedProject = QT_TRANSLATE_NOOP("QuorvantaCore", "Error in Quorvanta project!");
+const char *const kMsgProjectInUse = QT_TRANSLATE_NOOP("QuorvantaCore", "The project is in use by another program!");
 
 namespace {
 

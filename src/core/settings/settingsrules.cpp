@@ -72,11 +72,11 @@ const char *g_seriesCheckText(SeriesCheck check)
 {
     switch (check) {
     case SeriesCheck::NoData:
-        return QT_TRANSLATE_NOOP("SettingsDialogClass", "At least 1 set of data must be displayed !");
+        return QT_TRANSLATE_NOOP("QuorvantaCore", "At least 1 set of data must be displayed !");
     case SeriesCheck::NoAxis:
-        return QT_TRANSLATE_NOOP("SettingsDialogClass", "At least 1 axis must be displayed !");
+        return QT_TRANSLATE_NOOP("QuorvantaCore", "At least 1 axis must be displayed !");
     case SeriesCheck::TooManyAxes:
-        return QT_TRANSLATE_NOOP("SettingsDialogClass", "It's not possible displaying more than 6 axis !");
+        return QT_TRANSLATE_NOOP("QuorvantaCore", "It's not possible displaying more than 6 axis !");
     case SeriesCheck::Drawable:
         break;
     }

@@ -1,5 +1,6 @@
 #include "gui/chart/chartbuilder.h"
 
+#include "core/base/coretexts.h"
 #include "core/chart/chartplan.h"
 #include "core/chart/reduction.h"
 #include "core/chart/stateband.h"
@@ -8,7 +9,6 @@
 #include "gui/chart/chartaxes.h"
 #include "gui/chart/statebanditem.h"
 
-#include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QGraphicsSimpleTextItem>
 #include <QtCharts/QDateTimeAxis>
@@ -270,8 +270,7 @@ void g_applySeriesStatistics(QChart *chart, const ChartModel &model, qint64 from
     if (!chart)
         return;
     const QVector<SeriesName> names =
-        g_seriesNames(model, from, to, QCoreApplication::translate("QVChartClass", kLongStatisticsText),
-                      QCoreApplication::translate("QVChartClass", kShortStatisticsText));
+        g_seriesNames(model, from, to, g_coreText(kLongStatisticsText), g_coreText(kShortStatisticsText));
     const QList<QAbstractSeries *> series = chart->series();
     for (const SeriesName &entry : names) {
         if (entry.seriesIndex >= 0 && entry.seriesIndex < series.size())

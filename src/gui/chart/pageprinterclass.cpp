@@ -1,5 +1,6 @@
 #include "gui/chart/pageprinterclass.h"
 
+#include "core/base/coretexts.h"
 #include "core/chart/pagelayout.h"
 #include "core/model/fixedstring.h"
 #include "gui/chart/chartbuilder.h"
@@ -101,7 +102,7 @@ void PagePrinterClass::m_paint(QPainter &painter, int width, int height, const P
         painter.setPen(Qt::black);
         painter.setBrush(QBrush(Qt::black, Qt::SolidPattern));
         for (const PageBandEntry &entry : band) {
-            painter.drawText(entry.labelX, entry.y, QCoreApplication::translate(kPageBandContext, entry.label));
+            painter.drawText(entry.labelX, entry.y, g_coreText(entry.label));
             painter.drawText(entry.valueX, entry.y, entry.value);
         }
     }

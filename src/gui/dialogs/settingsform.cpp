@@ -1,5 +1,6 @@
 #include "gui/dialogs/settingsform.h"
 
+#include "core/base/coretexts.h"
 #include "gui/ui/dialogseam.h"
 
 #include <QColorDialog>
@@ -20,7 +21,7 @@ bool g_pickSeriesColor(QWidget *parent, ColorButtonClass *button)
 void g_settingsRefusal(QWidget *parent, SeriesCheck check)
 {
     g_critical(parent, QCoreApplication::translate("SettingsDialogClass", "Error"),
-               QCoreApplication::translate("SettingsDialogClass", g_seriesCheckText(check)));
+               g_coreText(g_seriesCheckText(check)));
 }
 
 }  // namespace qv

@@ -13,9 +13,4 @@ QString g_chartText(const char *source)
     return QCoreApplication::translate("QVChartClass", source ? source : "");
 }
 
-QString g_chartText(const QString &source)
-{
-    return QCoreApplication::translate("QVChartClass", source.toUtf8().constData());
-}
-
 }  // namespace qv

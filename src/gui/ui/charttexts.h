@@ -1,6 +1,6 @@
 // Texts of the chart document shared by several widgets (English source
-// texts, translated in the context "QVChartClass"), and the translation of a
-// text that the core gave in English.
+// texts, translated in the context "QVChartClass"). Texts that the core gives
+// are translated in the core's own context, with g_coreText().
 #pragma once
 
 #include <QString>
@@ -11,8 +11,7 @@ extern const char *const kTextErrorTitle;  // "Quorvanta Error"
 extern const char *const kTextExtError;    // "Error while loading additional vaporix files!"
 extern const char *const kTextImporting;   // "Importing Sampling Data..."
 
-// Translates a text that the core gave in English, in the chart's context.
+// One of these texts, translated in the chart's context.
 QString g_chartText(const char *source);
-QString g_chartText(const QString &source);
 
 }  // namespace qv

@@ -1,5 +1,6 @@
 #include "gui/ui/widgetimporthost.h"
 
+#include "core/base/coretexts.h"
 #include "gui/ui/charttexts.h"
 #include "gui/ui/dialogseam.h"
 #include "gui/ui/progresssession.h"
@@ -10,13 +11,13 @@ WidgetImportHost::WidgetImportHost(QWidget *parent, ProgressSession &progress) :
 
 bool WidgetImportHost::askYesNo(const QString &title, const QString &question)
 {
-    return g_question(parent_, g_chartText(title), g_chartText(question), QMessageBox::Yes | QMessageBox::No) ==
+    return g_question(parent_, g_coreText(title), g_coreText(question), QMessageBox::Yes | QMessageBox::No) ==
            QMessageBox::Yes;
 }
 
 void WidgetImportHost::warn(const QString &message)
 {
-    g_warning(parent_, g_chartText(kTextErrorTitle), g_chartText(message));
+    g_warning(parent_, g_chartText(kTextErrorTitle), g_coreText(message));
 }
 
 void WidgetImportHost::progress(int mainValue, int detailValue)
