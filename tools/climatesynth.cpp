@@ -13,18 +13,18 @@ namespace {
 class Random
 {
 public:
-    explicit Random(quint32 seed) : m_state(seed * 2654435761u + 1u) {}
+    explicit Random(quint32 seed) : state(seed * 2654435761u + 1u) {}
     double uniform()  // [0, 1)
     {
-        m_state ^= m_state << 13;
-        m_state ^= m_state >> 7;
-        m_state ^= m_state << 17;
-        return double(m_state >> 11) / double(std::uint64_t(1) << 53);
+        state ^= state << 13;
+        state ^= state >> 7;
+        state ^= state << 17;
+        return double(state >> 11) / double(std::uint64_t(1) << 53);
     }
     double noise(double amplitude) { return (uniform() * 2.0 - 1.0) * amplitude; }
 
 private:
-    std::uint64_t m_state;
+    std::uint64_t state;
 };
 
 struct Channel {

@@ -27,16 +27,16 @@ constexpr double kPi = 3.14159265358979323846;
 class Noise
 {
 public:
-    explicit Noise(quint64 seed) : m_state(seed) {}
+    explicit Noise(quint64 seed) : state(seed) {}
     double uniform()  // 0 .. 1
     {
-        m_state = m_state * 6364136223846793005ULL + 1442695040888963407ULL;
-        return double(m_state >> 11) / double(1ULL << 53);
+        state = state * 6364136223846793005ULL + 1442695040888963407ULL;
+        return double(state >> 11) / double(1ULL << 53);
     }
     double centred() { return uniform() * 2 - 1; }
 
 private:
-    quint64 m_state;
+    quint64 state;
 };
 
 // Slowly wandering weather: a sum of a few long waves with random phases.
@@ -45,18 +45,18 @@ class Weather
 public:
     explicit Weather(Noise &noise)
     {
-        for (double &p : m_phase)
+        for (double &p : phase)
             p = noise.uniform() * 2 * kPi;
     }
     // -1 .. 1, periods of about 2 to 9 days.
     double at(double days) const
     {
-        return 0.5 * std::sin(2 * kPi * days / 9.1 + m_phase[0]) + 0.3 * std::sin(2 * kPi * days / 4.3 + m_phase[1]) +
-               0.2 * std::sin(2 * kPi * days / 2.2 + m_phase[2]);
+        return 0.5 * std::sin(2 * kPi * days / 9.1 + phase[0]) + 0.3 * std::sin(2 * kPi * days / 4.3 + phase[1]) +
+               0.2 * std::sin(2 * kPi * days / 2.2 + phase[2]);
     }
 
 private:
-    double m_phase[3];
+    double phase[3];
 };
 
 // Water vapour in grams per kilogram of dry air at this temperature and

@@ -29,12 +29,12 @@ class Noise
 public:
     double next()
     {
-        m_state = m_state * 1664525u + 1013904223u;
-        return double(m_state >> 8) / double(1u << 24) - 0.5;
+        state = state * 1664525u + 1013904223u;
+        return double(state >> 8) / double(1u << 24) - 0.5;
     }
 
 private:
-    quint32 m_state = 20251101u;
+    quint32 state = 20251101u;
 };
 
 // Temperature (°C) and relative humidity (%) of the four places at sample n.

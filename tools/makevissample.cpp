@@ -24,12 +24,12 @@ class Noise
 public:
     double centred()  // -1 .. 1
     {
-        m_state = m_state * 6364136223846793005ULL + 1442695040888963407ULL;
-        return double(m_state >> 11) / double(1ULL << 52) - 1;
+        state = state * 6364136223846793005ULL + 1442695040888963407ULL;
+        return double(state >> 11) / double(1ULL << 52) - 1;
     }
 
 private:
-    quint64 m_state = 20240916;
+    quint64 state = 20240916;
 };
 
 // Grams of water per kilogram of dry air (Magnus formula, sea-level pressure).

@@ -24,17 +24,17 @@ namespace {
 class CliHost : public qv::ImportHost
 {
 public:
-    explicit CliHost(bool yes) : m_yes(yes) {}
+    explicit CliHost(bool yes) : answer(yes) {}
     bool askYesNo(const QString &, const QString &question) override
     {
-        QTextStream(stderr) << question << (m_yes ? " -> Yes\n" : " -> No\n");
-        return m_yes;
+        QTextStream(stderr) << question << (answer ? " -> Yes\n" : " -> No\n");
+        return answer;
     }
     void warn(const QString &message) override { QTextStream(stderr) << "Warning: " << message << '\n'; }
     void progress(int, int) override {}
 
 private:
-    bool m_yes;
+    bool answer;
 };
 
 // True when both names lead to one existing file, through links as well.

@@ -81,11 +81,11 @@ class TestCli : public QObject
 {
     Q_OBJECT
 
-    QString m_home;                        // the folder the test program started in
-    std::unique_ptr<QTemporaryDir> m_dir;  // the current folder while a test function runs
-    qvtest::ProgramRun m_run;
-    QString m_message;    // stderr without the program name and the usage
-    QStringList m_added;  // files the run added to the folder
+    QString startFolder;                       // the folder the test program started in
+    std::unique_ptr<QTemporaryDir> runFolder;  // the current folder while a test function runs
+    qvtest::ProgramRun lastRun;
+    QString errorText;       // stderr without the program name and the usage
+    QStringList addedFiles;  // files the run added to the folder
 
     // Runs quorvanta-cli in a fresh current folder holding in.qvj and in.bak
     // (projects), link.qvj (a symbolic link to in.qvj), hard.qvj (a hard link
@@ -94,8 +94,8 @@ class TestCli : public QObject
     // errors (exit code 2).
     void run(const QStringList &arguments)
     {
-        m_dir = std::make_unique<QTemporaryDir>();
-        QVERIFY(QDir::setCurrent(m_dir->path()));
+        runFolder = std::make_unique<QTemporaryDir>();
+        QVERIFY(QDir::setCurrent(runFolder->path()));
         // Ten samples a minute apart, sample 3 of the humidity missing.
         QVERIFY(saveProject(QStringLiteral("in.qvj"), "Weinkeller S\374d", 1763712000000, 60000,
                             {{"Temp In", "\260C", 1, {10, 11, 12, 13, 14, 15, 16, 17, 18, 19}},
@@ -119,29 +119,29 @@ class TestCli : public QObject
         QMap<QString, QByteArray> before;
         for (const QString &name : names)
             before[name] = qvtest::readFile(name);
-        m_run = qvtest::runProgram(QStringLiteral(QV_CLI_PATH), arguments);
+        lastRun = qvtest::runProgram(QStringLiteral(QV_CLI_PATH), arguments);
         for (auto it = before.cbegin(); it != before.cend(); ++it)
             QV_COMPARE_BYTES(qvtest::readFile(it.key()), it.value());
-        m_added = QDir().entryList(QDir::Files, QDir::Name);
+        addedFiles = QDir().entryList(QDir::Files, QDir::Name);
         for (const QString &name : names)
-            m_added.removeOne(name);
-        const QString err = QString::fromUtf8(m_run.err).remove(QStringLiteral("quorvanta-cli: "));
+            addedFiles.removeOne(name);
+        const QString err = QString::fromUtf8(lastRun.err).remove(QStringLiteral("quorvanta-cli: "));
         const int usage = err.indexOf(QLatin1String("\n\nUsage:"));
-        QCOMPARE(usage >= 0, m_run.exitCode == 2);
-        m_message = err.left(usage).trimmed();
+        QCOMPARE(usage >= 0, lastRun.exitCode == 2);
+        errorText = err.left(usage).trimmed();
     }
 
 private slots:
     void initTestCase()
     {
         qputenv("TZ", "Europe/Berlin");  // the local times of the tables
-        m_home = QDir::currentPath();
+        startFolder = QDir::currentPath();
     }
 
     void cleanup()
     {
-        QDir::setCurrent(m_home);
-        m_dir.reset();
+        QDir::setCurrent(startFolder);
+        runFolder.reset();
     }
 
     void refusals_data()
@@ -183,10 +183,10 @@ private slots:
         QFETCH(int, exitCode);
         QFETCH(QString, message);
         run(arguments);
-        QCOMPARE(m_run.exitCode, exitCode);
-        QCOMPARE(m_message, message);
-        QCOMPARE(m_run.out, QByteArray());
-        QCOMPARE(m_added, QStringList());
+        QCOMPARE(lastRun.exitCode, exitCode);
+        QCOMPARE(errorText, message);
+        QCOMPARE(lastRun.out, QByteArray());
+        QCOMPARE(addedFiles, QStringList());
     }
 
     void convert_data()
@@ -217,10 +217,10 @@ private slots:
         QFETCH(QString, written);
         QFETCH(qint64, changedTime);
         run(args({"convert"}) + options + QStringList{input, QStringLiteral("-o"), output});
-        QCOMPARE(m_run.exitCode, 0);
-        for (const QString &line : m_message.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+        QCOMPARE(lastRun.exitCode, 0);
+        for (const QString &line : errorText.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
             QVERIFY2(line.endsWith(QLatin1String(" -> Yes")), qPrintable(line));
-        QCOMPARE(m_added, QStringList{written});
+        QCOMPARE(addedFiles, QStringList{written});
         auto saved = std::make_unique<ChartModel>(), desktop = std::make_unique<ChartModel>();
         QVERIFY(g_loadProjectFile(*saved, written, ProgressFn()).ok);
         const quint32 changed = saved->settings.changedTime;
@@ -256,11 +256,11 @@ private slots:
         QFETCH(QString, written);
         QFETCH(QString, expected);
         run(arguments);
-        QCOMPARE(m_run.exitCode, 0);
-        QCOMPARE(m_run.err, QByteArray());
-        QCOMPARE(m_added, written.isEmpty() ? QStringList() : QStringList{written});
-        QCOMPARE(m_run.out.isEmpty(), !written.isEmpty());
-        QV_COMPARE_BYTES(written.isEmpty() ? m_run.out : qvtest::readFile(written),
+        QCOMPARE(lastRun.exitCode, 0);
+        QCOMPARE(lastRun.err, QByteArray());
+        QCOMPARE(addedFiles, written.isEmpty() ? QStringList() : QStringList{written});
+        QCOMPARE(lastRun.out.isEmpty(), !written.isEmpty());
+        QV_COMPARE_BYTES(written.isEmpty() ? lastRun.out : qvtest::readFile(written),
                          qvtest::readFile(kData + QStringLiteral("project/") + expected));
     }
 

@@ -20,14 +20,14 @@ namespace {
 class BitsHost : public qv::ImportHost
 {
 public:
-    explicit BitsHost(quint8 bits) : m_bits(bits) {}
-    bool askYesNo(const QString &, const QString &) override { return (m_bits >> (m_asked++ & 7)) & 1; }
+    explicit BitsHost(quint8 bits) : answerBits(bits) {}
+    bool askYesNo(const QString &, const QString &) override { return (answerBits >> (asked++ & 7)) & 1; }
     void warn(const QString &) override {}
     void progress(int, int) override {}
 
 private:
-    quint8 m_bits;
-    int m_asked = 0;
+    quint8 answerBits;
+    int asked = 0;
 };
 
 QByteArray logFile(const QByteArray &part)

@@ -39,7 +39,7 @@ class ControllerCsvImport
 {
 public:
     ControllerCsvImport(QFile &file, ChartModel &model, ImportHost &host)
-        : m_lines(file, kTitleLineBytes), m_model(model), m_settings(model.settings), m_host(host)
+        : reader(file, kTitleLineBytes), chartModel(model), settings(model.settings), importHost(host)
     {
     }
 
@@ -59,129 +59,129 @@ private:
     qint64 readTime(ByteView field)
     {
         const ByteView text = field.upToZero();
-        return m_times.read(text.data, text.size);
+        return times.read(text.data, text.size);
     }
 
-    LineReader m_lines;
-    ChartModel &m_model;
-    settingsT &m_settings;
-    ImportHost &m_host;
-    LocalTimeReader m_times;
-    int m_cut = 1;
-    char m_separator = 0;
-    int m_count = 0;  // data sets
-    QByteArray m_title;
-    QByteArray m_header;  // line 2
+    LineReader reader;
+    ChartModel &chartModel;
+    settingsT &settings;
+    ImportHost &importHost;
+    LocalTimeReader times;
+    int cut = 1;
+    char separator = 0;
+    int dataSetCount = 0;  // data sets
+    QByteArray title;
+    QByteArray headerLine;  // line 2
 };
 
 FileResult ControllerCsvImport::run(const QString &path)
 {
-    m_host.progress(1, 255);
+    importHost.progress(1, 255);
     if (!readTitle())
         return FileResult::failure(kMsgCsvTitle, FileError::BadContents);
     if (!readHeader())
         return FileResult::failure(kMsgCsvColumns, FileError::BadContents);
     readRows();
     finishDataSets();
-    if (m_title == kSensorTitle) {
+    if (title == kSensorTitle) {
         const FileResult siblings = readSiblings(path);
         if (!siblings.ok)
             return siblings;
     }
-    g_finishControllerImport(m_model);
+    g_finishControllerImport(chartModel);
     return FileResult();
 }
 
 bool ControllerCsvImport::readTitle()
 {
-    const ByteView raw = m_lines.next();
-    if (m_lines.tooLong())
+    const ByteView raw = reader.next();
+    if (reader.tooLong())
         return false;
-    m_lines.setMaxLineBytes(kLineBytes);
-    m_cut = raw.contains('\x07') ? 2 : 1;
-    const ByteView line{raw.data, qMax<qsizetype>(0, raw.size - m_cut)};
+    reader.setMaxLineBytes(kLineBytes);
+    cut = raw.contains('\x07') ? 2 : 1;
+    const ByteView line{raw.data, qMax<qsizetype>(0, raw.size - cut)};
     if (line.size > kMaxTitleBytes)
         return false;
-    m_title = line.upToZero().toByteArray();
-    g_qString2Buffer(m_settings.description, QString::fromLatin1(m_title), kDescriptionWidth);
+    title = line.upToZero().toByteArray();
+    g_qString2Buffer(settings.description, QString::fromLatin1(title), kDescriptionWidth);
     return true;
 }
 
 bool ControllerCsvImport::readHeader()
 {
-    const ByteView line = m_lines.next(m_cut);
-    if (m_lines.tooLong())
+    const ByteView line = reader.next(cut);
+    if (reader.tooLong())
         return false;
-    m_separator = line.contains(';') ? ';' : line.contains(',') ? ',' : '\0';
-    qsizetype count = g_countFieldsWithoutTrailingEmpty(line, m_separator) - 1;
+    separator = line.contains(';') ? ';' : line.contains(',') ? ',' : '\0';
+    qsizetype count = g_countFieldsWithoutTrailingEmpty(line, separator) - 1;
     // The controller's sensor file has a seventh column that is not a data set.
-    if (m_title == kSensorTitle && count == 7)
+    if (title == kSensorTitle && count == 7)
         count = 6;
     if (count < 1 || count > kMaxDataSets)
         return false;
-    m_count = int(count);
-    m_settings.dataSetCount = m_count;
-    m_header = line.toByteArray();
+    dataSetCount = int(count);
+    settings.dataSetCount = dataSetCount;
+    headerLine = line.toByteArray();
     return true;
 }
 
 void ControllerCsvImport::readRows()
 {
-    m_model.clearStores();
+    chartModel.clearStores();
 
     ByteView header[kMaxFields];
-    g_splitFields(ByteView{m_header.constData(), m_header.size()}, m_separator, header, kMaxFields);
+    g_splitFields(ByteView{headerLine.constData(), headerLine.size()}, separator, header, kMaxFields);
     ByteView fields[kMaxFields];
-    qsizetype fieldCount = g_splitFields(m_lines.next(m_cut), m_separator, fields, kMaxFields);
+    qsizetype fieldCount = g_splitFields(reader.next(cut), separator, fields, kMaxFields);
 
     // Names from line 2, decimals from the first data row.
-    for (int i = 0; i < m_count; ++i) {
+    for (int i = 0; i < dataSetCount; ++i) {
         const ByteView name = header[i + 1].upToZero();
-        g_qString2BufferWO0(m_settings.name[i], QString::fromLatin1(name.toByteArray()), kNameWidth);
+        g_qString2BufferWO0(settings.name[i], QString::fromLatin1(name.toByteArray()), kNameWidth);
         qsizetype decimals = 0;
         if (i + 1 < fieldCount) {
             const qsizetype point = fields[i + 1].indexOf('.');
             if (point >= 0)
                 decimals = fields[i + 1].size - point - 1;
         }
-        m_settings.decimals[i] = quint8(decimals);
-        m_settings.valueType[i] = 8;
-        g_activateImportedRow(m_model, i);
+        settings.decimals[i] = quint8(decimals);
+        settings.valueType[i] = 8;
+        g_activateImportedRow(chartModel, i);
     }
 
     _chartDataType *stores[kMaxDataSets];
-    for (int i = 0; i < m_count; ++i)
-        stores[i] = m_model.data(i);
+    for (int i = 0; i < dataSetCount; ++i)
+        stores[i] = chartModel.data(i);
     int rows = 0;
     int progressRows = 0;
-    while (fieldCount == m_count + 1) {
+    while (fieldCount == dataSetCount + 1) {
         if (rows == kMaxSamples) {
             // One row more than the stores hold: the rows read are kept.
-            m_host.warn(QLatin1String(kMsgTooManyData));
+            importHost.warn(QLatin1String(kMsgTooManyData));
             break;
         }
         const qint64 time = readTime(fields[0]);
-        for (int i = 0; i < m_count; ++i) {
+        for (int i = 0; i < dataSetCount; ++i) {
             stores[i]->time[rows] = time;
             stores[i]->value[rows] = g_readSampleValue(fields[i + 1]);
             stores[i]->count = rows + 1;
         }
         ++rows;
-        fieldCount = g_splitFields(m_lines.next(m_cut), m_separator, fields, kMaxFields);
+        fieldCount = g_splitFields(reader.next(cut), separator, fields, kMaxFields);
         if (progressRows < 256)
             ++progressRows;
-        m_host.progress(progressRows * 191 / 256, 255);
+        importHost.progress(progressRows * 191 / 256, 255);
     }
 }
 
 void ControllerCsvImport::finishDataSets()
 {
-    for (int i = 0; i < m_count; ++i) {
-        g_setAxisRange(m_model, i);
-        m_host.progress(g_axisProgress(i, m_count), 255);
+    for (int i = 0; i < dataSetCount; ++i) {
+        g_setAxisRange(chartModel, i);
+        importHost.progress(g_axisProgress(i, dataSetCount), 255);
     }
-    g_setTimeRange(m_model);
-    g_measureSampleInterval(m_model);
+    g_setTimeRange(chartModel);
+    g_measureSampleInterval(chartModel);
 }
 
 // The state log, the parameters and the card parameters of a sensor sampling
@@ -198,39 +198,39 @@ FileResult ControllerCsvImport::readSiblings(const QString &path)
     case SiblingFiles::NotRegular:
         return FileResult::failure(kMsgReadError, FileError::CannotOpen);
     }
-    if (!m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
+    if (!importHost.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
         return FileResult();
     if (!readStateLog(files[0]) || !readParameters(files[1]) || !readCardParameters(files[2]))
         return FileResult::failure(kMsgSiblingFiles, FileError::SiblingFiles);
-    m_host.progress(255, 255);
-    g_applySensorLayout(m_model);
+    importHost.progress(255, 255);
+    g_applySensorLayout(chartModel);
     return FileResult();
 }
 
 bool ControllerCsvImport::readStateLog(QFile &file)
 {
     LineReader lines(file, kLineBytes);
-    m_host.progress(1, 255);
-    if (!lines.next(m_cut).equals("STATUS LOG"))
+    importHost.progress(1, 255);
+    if (!lines.next(cut).equals("STATUS LOG"))
         return false;
-    m_host.progress(10, 255);
+    importHost.progress(10, 255);
     lines.next();  // column headings
 
     ByteView fields[kStateLogFields];
-    qsizetype fieldCount = g_splitFields(lines.next(m_cut), m_separator, fields, kStateLogFields);
+    qsizetype fieldCount = g_splitFields(lines.next(cut), separator, fields, kStateLogFields);
     // The log is taken to run in step with the data rows; only its first
     // entry is checked, against half a sample interval.
     const qint64 start = readTime(fields[0]);
-    const qint64 distance = start - m_settings.firstTime;
-    if ((distance < 0 ? -distance : distance) > qint64(m_settings.sampleInterval) * 500)
+    const qint64 distance = start - settings.firstTime;
+    if ((distance < 0 ? -distance : distance) > qint64(settings.sampleInterval) * 500)
         return false;
 
-    modeCodesT &codes = *m_model.modeCodes();
+    modeCodesT &codes = *chartModel.modeCodes();
     std::memset(&codes, 0, sizeof codes);
     while (fieldCount == kStateLogFields && codes.count < kMaxSamples) {
         codes.code[codes.count] = g_stateFromFields(fields);
         ++codes.count;
-        fieldCount = g_splitFields(lines.next(m_cut), m_separator, fields, kStateLogFields);
+        fieldCount = g_splitFields(lines.next(cut), separator, fields, kStateLogFields);
     }
     return true;
 }
@@ -238,26 +238,26 @@ bool ControllerCsvImport::readStateLog(QFile &file)
 bool ControllerCsvImport::readParameters(QFile &file)
 {
     LineReader lines(file, kLineBytes);
-    m_host.progress(180, 255);
-    if (!lines.next(m_cut).equals("PARAMETER"))
+    importHost.progress(180, 255);
+    if (!lines.next(cut).equals("PARAMETER"))
         return false;
     lines.next();
     ByteView fields[kParameterFields];
-    while (g_splitFields(lines.next(m_cut), m_separator, fields, kParameterFields) == kParameterFields)
-        g_storeParameterFields(*m_model.modeParameters(), fields);
+    while (g_splitFields(lines.next(cut), separator, fields, kParameterFields) == kParameterFields)
+        g_storeParameterFields(*chartModel.modeParameters(), fields);
     return true;
 }
 
 bool ControllerCsvImport::readCardParameters(QFile &file)
 {
     LineReader lines(file, kLineBytes);
-    m_host.progress(250, 255);
-    if (!lines.next(m_cut).equals("PARAMETER SDKARTE"))
+    importHost.progress(250, 255);
+    if (!lines.next(cut).equals("PARAMETER SDKARTE"))
         return false;
     lines.next();
     ByteView fields[kCardParameterFields];
-    while (g_splitFields(lines.next(m_cut), m_separator, fields, kCardParameterFields) == kCardParameterFields)
-        g_storeCardParameterFields(*m_model.modeParameters(), fields);
+    while (g_splitFields(lines.next(cut), separator, fields, kCardParameterFields) == kCardParameterFields)
+        g_storeCardParameterFields(*chartModel.modeParameters(), fields);
     return true;
 }
 

@@ -67,7 +67,8 @@ std::array<QString, 3> siblingPaths(const QString &path)
 class ControllerLogImport
 {
 public:
-    ControllerLogImport(ChartModel &model, ImportHost &host) : m_model(model), m_settings(model.settings), m_host(host)
+    ControllerLogImport(ChartModel &model, ImportHost &host)
+        : chartModel(model), settings(model.settings), importHost(host)
     {
     }
 
@@ -82,12 +83,12 @@ private:
     void readParameters(const SiblingLog &log);
     void readCardParameters(const SiblingLog &log);
 
-    ChartModel &m_model;
-    settingsT &m_settings;
-    ImportHost &m_host;
-    LogHeader m_header;
-    LogWindow m_window;
-    bool m_repaired = false;
+    ChartModel &chartModel;
+    settingsT &settings;
+    ImportHost &importHost;
+    LogHeader header;
+    LogWindow window;
+    bool repaired = false;
 };
 
 FileResult ControllerLogImport::run(QIODevice &file, const QString &path)
@@ -95,55 +96,55 @@ FileResult ControllerLogImport::run(QIODevice &file, const QString &path)
     const FileResult sensor = readSensorLog(file);
     if (!sensor.ok)
         return sensor;
-    if (m_header.title == kSensorTitle &&
+    if (header.title == kSensorTitle &&
         path.right(12).compare(QLatin1String("SV_SA_01.LOG"), Qt::CaseInsensitive) == 0) {
         const FileResult siblings = readSiblings(path);
         if (!siblings.ok)
             return siblings;
     }
-    g_finishControllerImport(m_model);
+    g_finishControllerImport(chartModel);
     return FileResult();
 }
 
 FileResult ControllerLogImport::readSensorLog(QIODevice &file)
 {
-    m_host.progress(1, 255);
+    importHost.progress(1, 255);
     if (!g_readLogMagic(file))
         return FileResult::failure(kMsgNoLog, FileError::BadContents);
-    m_host.progress(10, 255);
-    if (!g_readLogHeader(file, &m_header) || !g_isUsableLogHeader(m_header))
+    importHost.progress(10, 255);
+    if (!g_readLogHeader(file, &header) || !g_isUsableLogHeader(header))
         return FileResult::failure(kMsgLogHeader, FileError::BadContents);
-    m_host.progress(20, 255);
+    importHost.progress(20, 255);
     bool complete = false;
-    const QByteArray data = g_readLogData(file, m_header.dataSize, &complete);
-    if (!complete && !m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskFixMissingData)))
+    const QByteArray data = g_readLogData(file, header.dataSize, &complete);
+    if (!complete && !importHost.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskFixMissingData)))
         return FileResult::failure(kMsgLogSize, FileError::BadContents);
-    m_host.progress(192, 255);
+    importHost.progress(192, 255);
 
-    g_qString2Buffer(m_settings.description, QString::fromLatin1(m_header.title), kDescriptionWidth);
-    m_model.clearStores();
-    m_settings.dataSetCount = m_header.count;
-    m_settings.sampleInterval = m_header.interval;
+    g_qString2Buffer(settings.description, QString::fromLatin1(header.title), kDescriptionWidth);
+    chartModel.clearStores();
+    settings.dataSetCount = header.count;
+    settings.sampleInterval = header.interval;
 
-    m_window = g_logWindow(m_header);
-    if (g_offersOverflowRepair(m_window, m_header.capacity) &&
-        m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskFixOverflow))) {
-        g_repairOverflow(m_window, m_header.interval);
-        m_repaired = true;
+    window = g_logWindow(header);
+    if (g_offersOverflowRepair(window, header.capacity) &&
+        importHost.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskFixOverflow))) {
+        g_repairOverflow(window, header.interval);
+        repaired = true;
     }
 
     // More rows than a store holds: the first ones are kept, as the text
     // importers keep theirs.
-    if (m_window.rows > quint32(kMaxSamples))
-        m_host.warn(QLatin1String(kMsgTooManyData));
-    const LogRing ring(data, m_header.count, m_header.capacity);
-    for (int i = 0; i < m_header.count; ++i) {
-        g_qString2Buffer(m_settings.name[i], QString::fromLatin1(m_header.names[i]), kNameWidth);
-        g_activateImportedRow(m_model, i);
+    if (window.rows > quint32(kMaxSamples))
+        importHost.warn(QLatin1String(kMsgTooManyData));
+    const LogRing ring(data, header.count, header.capacity);
+    for (int i = 0; i < header.count; ++i) {
+        g_qString2Buffer(settings.name[i], QString::fromLatin1(header.names[i]), kNameWidth);
+        g_activateImportedRow(chartModel, i);
         readDataSet(ring, i);
-        m_host.progress(g_axisProgress(i, m_header.count), 255);
+        importHost.progress(g_axisProgress(i, header.count), 255);
     }
-    g_setTimeRange(m_model);
+    g_setTimeRange(chartModel);
     return FileResult();
 }
 
@@ -152,17 +153,17 @@ FileResult ControllerLogImport::readSensorLog(QIODevice &file)
 // value and stay out of the axis range.
 void ControllerLogImport::readDataSet(const LogRing &ring, int index)
 {
-    const LogDescriptor &descriptor = m_header.sets[index];
-    m_settings.valueType[index] = descriptor.type;
-    m_settings.decimals[index] = g_logTypeForcesIntegers(descriptor.type) ? 0 : descriptor.decimals;
+    const LogDescriptor &descriptor = header.sets[index];
+    settings.valueType[index] = descriptor.type;
+    settings.decimals[index] = g_logTypeForcesIntegers(descriptor.type) ? 0 : descriptor.decimals;
 
-    _chartDataType &store = *m_model.data(index);
-    const int count = int(qMin<quint32>(m_window.rows, kMaxSamples));
-    qint64 time = (qint64(m_header.timeCorrection) + qint64(m_window.startTime)) * 1000;
-    const qint64 step = qint64(m_header.interval) * 1000;
+    _chartDataType &store = *chartModel.data(index);
+    const int count = int(qMin<quint32>(window.rows, kMaxSamples));
+    qint64 time = (qint64(header.timeCorrection) + qint64(window.startTime)) * 1000;
+    const qint64 step = qint64(header.interval) * 1000;
     double low = DBL_MAX;
     double high = -DBL_MAX;
-    qint64 row = m_window.start;
+    qint64 row = window.start;
     for (int k = 0; k < count; ++k) {
         store.time[k] = time;
         if (ring.word(row, 0) == kNoDataRow) {
@@ -179,7 +180,7 @@ void ControllerLogImport::readDataSet(const LogRing &ring, int index)
         row = ring.next(row);
     }
     store.count = count;
-    g_setAxisLimits(m_model, index, low, high);
+    g_setAxisLimits(chartModel, index, low, high);
 }
 
 // The state log, parameters and card parameters of a sensor log
@@ -196,31 +197,31 @@ FileResult ControllerLogImport::readSiblings(const QString &path)
     case SiblingFiles::NotRegular:
         return FileResult::failure(kMsgReadError, FileError::CannotOpen);
     }
-    if (!m_host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
+    if (!importHost.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
         return FileResult();
 
     const FileResult failed = FileResult::failure(kMsgSiblingFiles, FileError::SiblingFiles);
-    m_host.progress(1, 255);
+    importHost.progress(1, 255);
     for (int i = 0; i < 3; ++i) {
         if (!g_readLogMagic(files[i]))
             return failed;
     }
-    m_host.progress(10, 255);
+    importHost.progress(10, 255);
 
     SiblingLog log;
     if (!readSibling(files[0], "STATUS LOG", &log) || !readStateLog(log))
         return failed;
-    m_host.progress(180, 255);
+    importHost.progress(180, 255);
     if (!readSibling(files[1], "PARAMETER", &log))
         return failed;
     readParameters(log);
-    m_host.progress(250, 255);
+    importHost.progress(250, 255);
     if (!readSibling(files[2], "PARAMETER SDKARTE", &log))
         return failed;
     readCardParameters(log);
 
-    m_host.progress(255, 255);
-    g_applySensorLayout(m_model);
+    importHost.progress(255, 255);
+    g_applySensorLayout(chartModel);
     return FileResult();
 }
 
@@ -233,7 +234,7 @@ bool ControllerLogImport::readSibling(QIODevice &file, const char *title, Siblin
     if (!complete)
         return false;
     log->window = g_logWindow(log->header);
-    if (m_repaired)
+    if (repaired)
         g_repairOverflow(log->window, log->header.interval);
     return true;
 }
@@ -243,16 +244,16 @@ bool ControllerLogImport::readSibling(QIODevice &file, const char *title, Siblin
 bool ControllerLogImport::readStateLog(const SiblingLog &log)
 {
     const qint64 start = qint64(log.window.startTime) + qint64(log.header.timeCorrection);
-    const qint64 distance = start - m_settings.firstTime / 1000;
-    const qint32 interval = m_settings.sampleInterval;
+    const qint64 distance = start - settings.firstTime / 1000;
+    const qint32 interval = settings.sampleInterval;
     if (interval == 0 && distance != 0)
         return false;
     const qint64 k = interval == 0 ? 0 : distance / interval;
     const qint64 lag = k < 0 ? -k : k;
-    if (k != 0 && lag > m_settings.rangeSampleCount / 4)
+    if (k != 0 && lag > settings.rangeSampleCount / 4)
         return false;
 
-    modeCodesT &codes = *m_model.modeCodes();
+    modeCodesT &codes = *chartModel.modeCodes();
     std::memset(&codes, 0, sizeof codes);
     const qint64 count = qMin<qint64>(qint64(log.window.rows) - lag, kMaxSamples);
     const LogRing ring(log.data, log.header.count, log.header.capacity);
@@ -278,7 +279,7 @@ void ControllerLogImport::readParameters(const SiblingLog &log)
     const qint64 row = ring.advance(log.window.start, log.window.rows - 1);
     const auto s = [&](int i) { return double(qint32(ring.word(row, i))); };
     const auto u = [&](int i) { return double(ring.word(row, i)); };
-    modeParametersT &p = *m_model.modeParameters();
+    modeParametersT &p = *chartModel.modeParameters();
     p.parameter[0] = u(1) / 200;
     p.parameter[1] = u(2) / 200;
     for (int i = 2; i < 5; ++i)
@@ -299,7 +300,7 @@ void ControllerLogImport::readCardParameters(const SiblingLog &log)
         return;
     const LogRing ring(log.data, log.header.count, log.header.capacity);
     const qint64 row = ring.advance(log.window.start, log.window.rows - 1);
-    m_model.modeParameters()->interval = qint32(ring.word(row, 0) * 60u);
+    chartModel.modeParameters()->interval = qint32(ring.word(row, 0) * 60u);
 }
 
 }  // namespace

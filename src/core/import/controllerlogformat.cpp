@@ -178,8 +178,8 @@ void g_repairOverflow(LogWindow &window, qint32 interval)
 }
 
 LogRing::LogRing(const QByteArray &data, int wordsPerRow, qint32 capacity)
-    : m_data(reinterpret_cast<const uchar *>(data.constData())), m_words(data.size() / 4), m_wordsPerRow(wordsPerRow),
-      m_capacity(capacity)
+    : bytes(reinterpret_cast<const uchar *>(data.constData())), words(data.size() / 4), wordsInRow(wordsPerRow),
+      ringCapacity(capacity)
 {
 }
 
@@ -187,10 +187,10 @@ qint64 LogRing::advance(qint64 row, quint64 steps) const
 {
     if (steps == 0)
         return row;
-    const quint64 ring = quint64(m_capacity) + 1;
-    if (row >= m_capacity)
+    const quint64 ring = quint64(ringCapacity) + 1;
+    if (row >= ringCapacity)
         return qint64((steps - 1) % ring);
-    const quint64 toLast = quint64(m_capacity - row);
+    const quint64 toLast = quint64(ringCapacity - row);
     if (steps <= toLast)
         return row + qint64(steps);
     return qint64((steps - toLast - 1) % ring);

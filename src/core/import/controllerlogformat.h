@@ -97,21 +97,21 @@ public:
 
     quint32 word(qint64 row, int i) const
     {
-        const qint64 at = row * m_wordsPerRow + i;
-        if (at < 0 || at >= m_words)
+        const qint64 at = row * wordsInRow + i;
+        if (at < 0 || at >= words)
             return 0;
-        const uchar *p = m_data + at * 4;
+        const uchar *p = bytes + at * 4;
         return quint32(p[0]) | quint32(p[1]) << 8 | quint32(p[2]) << 16 | quint32(p[3]) << 24;
     }
-    qint64 next(qint64 row) const { return row >= m_capacity ? 0 : row + 1; }
+    qint64 next(qint64 row) const { return row >= ringCapacity ? 0 : row + 1; }
     // The row reached from `row` after `steps` calls of next().
     qint64 advance(qint64 row, quint64 steps) const;
 
 private:
-    const uchar *m_data;
-    qint64 m_words;
-    int m_wordsPerRow;
-    qint32 m_capacity;
+    const uchar *bytes;
+    qint64 words;
+    int wordsInRow;
+    qint32 ringCapacity;
 };
 
 }  // namespace qv

@@ -163,8 +163,8 @@ std::array<QString, 3> g_siblingPaths(const QString &path, const std::array<cons
 SiblingFiles::Result SiblingFiles::open(const std::array<QString, 3> &paths)
 {
     for (int i = 0; i < 3; ++i) {
-        m_files[i].setFileName(paths[i]);
-        if (!g_openRegularFile(m_files[i])) {
+        files[i].setFileName(paths[i]);
+        if (!g_openRegularFile(files[i])) {
             close();
             return QFileInfo::exists(paths[i]) && !g_isRegularFile(paths[i]) ? NotRegular : Missing;
         }
@@ -174,7 +174,7 @@ SiblingFiles::Result SiblingFiles::open(const std::array<QString, 3> &paths)
 
 void SiblingFiles::close()
 {
-    for (QFile &f : m_files)
+    for (QFile &f : files)
         f.close();
 }
 

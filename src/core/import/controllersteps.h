@@ -57,11 +57,11 @@ public:
     // refused like such a sampling file. Every file is closed unless Opened.
     enum Result { Opened, Missing, NotRegular };
     Result open(const std::array<QString, 3> &paths);
-    QFile &operator[](int index) { return m_files[index]; }
+    QFile &operator[](int index) { return files[index]; }
     void close();
 
 private:
-    std::array<QFile, 3> m_files;
+    std::array<QFile, 3> files;
 };
 
 // A sensor sampling with state data: sets 1 to 5 get their display flags,

@@ -38,7 +38,7 @@ ByteView ByteView::upToZero() const
 }
 
 LineReader::LineReader(QIODevice &device, qsizetype maxLineBytes)
-    : m_device(device), m_maxLine(qMax<qsizetype>(1, maxLineBytes))
+    : source(device), maxLine(qMax<qsizetype>(1, maxLineBytes))
 {
 }
 
@@ -47,63 +47,63 @@ LineReader::LineReader(QIODevice &device, qsizetype maxLineBytes)
 // longest line, whatever the input. False when nothing more arrives.
 bool LineReader::fill()
 {
-    if (m_atEnd)
+    if (atEnd)
         return false;
-    if (m_begin > 0) {
-        std::memmove(m_buffer.data(), m_buffer.data() + m_begin, std::size_t(m_end - m_begin));
-        m_end -= m_begin;
-        m_begin = 0;
+    if (begin > 0) {
+        std::memmove(buffer.data(), buffer.data() + begin, std::size_t(bufferEnd - begin));
+        bufferEnd -= begin;
+        begin = 0;
     }
     // One block more than the longest line, but no more than a file still
     // holds: a small file costs a small buffer.
-    qsizetype room = m_maxLine + 1 + kBlockSize;
-    if (!m_device.isSequential())
-        room = qMin<qsizetype>(room, m_end + qMax<qint64>(0, m_device.size() - m_device.pos()) + 1);
-    if (qsizetype(m_buffer.size()) < room)
-        m_buffer.resize(std::size_t(room));
-    const qint64 got = m_device.read(m_buffer.data() + m_end, qint64(m_buffer.size()) - m_end);
+    qsizetype room = maxLine + 1 + kBlockSize;
+    if (!source.isSequential())
+        room = qMin<qsizetype>(room, bufferEnd + qMax<qint64>(0, source.size() - source.pos()) + 1);
+    if (qsizetype(buffer.size()) < room)
+        buffer.resize(std::size_t(room));
+    const qint64 got = source.read(buffer.data() + bufferEnd, qint64(buffer.size()) - bufferEnd);
     if (got <= 0) {
-        m_atEnd = true;
+        atEnd = true;
         return false;
     }
-    m_end += qsizetype(got);
+    bufferEnd += qsizetype(got);
     return true;
 }
 
 // The state after a line over the bound: nothing more is read.
 ByteView LineReader::end()
 {
-    m_tooLong = true;
-    m_atEnd = true;
-    m_begin = m_end = m_scanned = 0;
-    return ByteView{m_buffer.data(), 0};
+    lineTooLong = true;
+    atEnd = true;
+    begin = bufferEnd = scanned = 0;
+    return ByteView{buffer.data(), 0};
 }
 
 ByteView LineReader::next()
 {
-    if (m_tooLong)
-        return ByteView{m_buffer.data(), 0};
+    if (lineTooLong)
+        return ByteView{buffer.data(), 0};
     for (;;) {
-        const char *from = m_buffer.data() + m_begin + m_scanned;
-        const qsizetype left = m_end - m_begin - m_scanned;
+        const char *from = buffer.data() + begin + scanned;
+        const qsizetype left = bufferEnd - begin - scanned;
         const void *newline = left > 0 ? std::memchr(from, '\n', std::size_t(left)) : nullptr;
         if (newline) {
-            const char *start = m_buffer.data() + m_begin;
+            const char *start = buffer.data() + begin;
             const qsizetype size = static_cast<const char *>(newline) - start + 1;
-            if (size > m_maxLine)
+            if (size > maxLine)
                 return end();
-            m_begin += size;
-            m_scanned = 0;
+            begin += size;
+            scanned = 0;
             return ByteView{start, size};
         }
-        m_scanned = m_end - m_begin;
-        if (m_scanned > m_maxLine)
+        scanned = bufferEnd - begin;
+        if (scanned > maxLine)
             return end();
         if (!fill()) {
             // The last line without its '\n', or the empty read at the end.
-            const ByteView rest{m_buffer.data() + m_begin, m_end - m_begin};
-            m_begin = m_end;
-            m_scanned = 0;
+            const ByteView rest{buffer.data() + begin, bufferEnd - begin};
+            begin = bufferEnd;
+            scanned = 0;
             return rest;
         }
     }

@@ -43,21 +43,21 @@ public:
     // next() with the last `cut` bytes removed (fewer when the line is shorter).
     ByteView next(int cut);
     // The bound for the lines read from now on.
-    void setMaxLineBytes(qsizetype bytes) { m_maxLine = qMax<qsizetype>(1, bytes); }
-    bool tooLong() const { return m_tooLong; }
+    void setMaxLineBytes(qsizetype bytes) { maxLine = qMax<qsizetype>(1, bytes); }
+    bool tooLong() const { return lineTooLong; }
 
 private:
     bool fill();
     ByteView end();
 
-    QIODevice &m_device;
-    qsizetype m_maxLine;
-    std::vector<char> m_buffer;
-    qsizetype m_begin = 0;    // start of the unread data
-    qsizetype m_end = 0;      // end of the data in the buffer
-    qsizetype m_scanned = 0;  // bytes after m_begin known to hold no '\n'
-    bool m_atEnd = false;
-    bool m_tooLong = false;
+    QIODevice &source;
+    qsizetype maxLine;
+    std::vector<char> buffer;
+    qsizetype begin = 0;      // start of the unread data
+    qsizetype bufferEnd = 0;  // end of the data in the buffer
+    qsizetype scanned = 0;    // bytes after begin known to hold no '\n'
+    bool atEnd = false;
+    bool lineTooLong = false;
 };
 
 // Splits a line at every separator byte as QByteArray::split() does (n

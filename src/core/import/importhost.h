@@ -23,14 +23,14 @@ public:
 class FixedAnswerHost : public ImportHost
 {
 public:
-    explicit FixedAnswerHost(bool yes) : m_yes(yes) {}
-    bool askYesNo(const QString &, const QString &) override { return m_yes; }
+    explicit FixedAnswerHost(bool yes) : answer(yes) {}
+    bool askYesNo(const QString &, const QString &) override { return answer; }
     void warn(const QString &) override { ++warnings; }
     void progress(int, int) override {}
     int warnings = 0;
 
 private:
-    bool m_yes;
+    bool answer;
 };
 
 }  // namespace qv

@@ -111,24 +111,24 @@ void LocalTimeCache::lookUpHour(const LocalDateTime &t, qint64 hourKey)
 {
     const QDate date(t.year, t.month, t.day);
     const qint64 dayKey = hourKey / 24;
-    if (dayKey != m_dayKey) {
+    if (dayKey != currentDay) {
         bool firstValid = false, lastValid = false;
-        m_dayStart = localMSecs(date, 0, 0, 0, &firstValid);
+        dayStart = localMSecs(date, 0, 0, 0, &firstValid);
         const qint64 last = localMSecs(date, 23, 59, 59, &lastValid);
-        m_steadyDay = steadySpan(m_dayStart, firstValid, last, lastValid, kDayMs);
-        m_dayKey = dayKey;
+        steadyDay = steadySpan(dayStart, firstValid, last, lastValid, kDayMs);
+        currentDay = dayKey;
     }
-    m_hourKey = hourKey;
-    if (m_steadyDay) {
-        m_fastHour = true;
-        m_hourStart = m_dayStart + t.hour * kHourMs;
+    currentHour = hourKey;
+    if (steadyDay) {
+        fastHour = true;
+        hourStart = dayStart + t.hour * kHourMs;
         return;
     }
     // A day with an offset change: judge each hour on its own.
     bool firstValid = false, lastValid = false;
-    m_hourStart = localMSecs(date, t.hour, 0, 0, &firstValid);
+    hourStart = localMSecs(date, t.hour, 0, 0, &firstValid);
     const qint64 last = localMSecs(date, t.hour, 59, 59, &lastValid);
-    m_fastHour = steadySpan(m_hourStart, firstValid, last, lastValid, kHourMs);
+    fastHour = steadySpan(hourStart, firstValid, last, lastValid, kHourMs);
 }
 
 bool LocalTimeCache::toMSecs(const LocalDateTime &t, qint64 *msecs)
@@ -136,29 +136,29 @@ bool LocalTimeCache::toMSecs(const LocalDateTime &t, qint64 *msecs)
     if (t.year < kFirstFastYear || t.year > kLastFastYear)
         return false;
     const qint64 hourKey = dayNumber(t.year, t.month, t.day) * 24 + t.hour;
-    if (hourKey != m_hourKey)
+    if (hourKey != currentHour)
         lookUpHour(t, hourKey);
-    if (!m_fastHour)
+    if (!fastHour)
         return false;
-    *msecs = m_hourStart + t.minute * 60000 + t.second * 1000;
+    *msecs = hourStart + t.minute * 60000 + t.second * 1000;
     return true;
 }
 
 qint64 LocalTimeReader::readSlowly(const char *text, qsizetype size) const
 {
     const QString format =
-        m_format == WithSeconds ? QStringLiteral("dd.MM.yyyy hh:mm:ss") : QStringLiteral("dd.MM.yyyy hh:mm");
+        timeFormat == WithSeconds ? QStringLiteral("dd.MM.yyyy hh:mm:ss") : QStringLiteral("dd.MM.yyyy hh:mm");
     return QDateTime::fromString(QString::fromLatin1(text, int(qMin<qsizetype>(size, INT_MAX))), format)
         .toMSecsSinceEpoch();
 }
 
 qint64 LocalTimeReader::read(const char *text, qsizetype size)
 {
-    const qsizetype timeSize = m_format == WithSeconds ? 8 : 5;
+    const qsizetype timeSize = timeFormat == WithSeconds ? 8 : 5;
     LocalDateTime t;
     qint64 msecs = 0;
     if (size == 11 + timeSize && text[10] == ' ' && g_parseStrictDate(text, 10, &t) &&
-        g_parseStrictTime(text + 11, timeSize, m_format == WithSeconds, &t) && m_cache.toMSecs(t, &msecs))
+        g_parseStrictTime(text + 11, timeSize, timeFormat == WithSeconds, &t) && cache.toMSecs(t, &msecs))
         return msecs;
     return readSlowly(text, size);
 }

@@ -41,12 +41,12 @@ public:
 private:
     void lookUpHour(const LocalDateTime &t, qint64 hourKey);
 
-    qint64 m_dayKey = -1;
-    bool m_steadyDay = false;  // one UTC offset for the whole day and the hours around it
-    qint64 m_dayStart = 0;
-    qint64 m_hourKey = -1;
-    bool m_fastHour = false;
-    qint64 m_hourStart = 0;
+    qint64 currentDay = -1;
+    bool steadyDay = false;  // one UTC offset for the whole day and the hours around it
+    qint64 dayStart = 0;
+    qint64 currentHour = -1;
+    bool fastHour = false;
+    qint64 hourStart = 0;
 };
 
 // Reads one fixed format: "dd.MM.yyyy hh:mm:ss" or "dd.MM.yyyy hh:mm".
@@ -54,7 +54,7 @@ class LocalTimeReader
 {
 public:
     enum Format { WithSeconds, WithoutSeconds };
-    explicit LocalTimeReader(Format format = WithSeconds) : m_format(format) {}
+    explicit LocalTimeReader(Format format = WithSeconds) : timeFormat(format) {}
 
     // QDateTime::fromString(text, format).toMSecsSinceEpoch() for the Latin-1
     // text, including the value of the invalid date-time for a text that does
@@ -65,8 +65,8 @@ public:
     qint64 readSlowly(const char *text, qsizetype size) const;
 
 private:
-    Format m_format;
-    LocalTimeCache m_cache;
+    Format timeFormat;
+    LocalTimeCache cache;
 };
 
 }  // namespace qv

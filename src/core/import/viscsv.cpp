@@ -42,7 +42,7 @@ class VisCsvImport
 {
 public:
     VisCsvImport(QFile &file, ChartModel &model, ImportHost &host)
-        : m_lines(file, kVisLineBytes), m_model(model), m_settings(model.settings), m_host(host)
+        : lines(file, kVisLineBytes), chartModel(model), settings(model.settings), importHost(host)
     {
     }
 
@@ -54,16 +54,16 @@ private:
     void finish();
     qint64 readTime(ByteView date, ByteView time);
 
-    LineReader m_lines;
-    ChartModel &m_model;
-    settingsT &m_settings;
-    ImportHost &m_host;
-    LocalTimeCache m_times;
+    LineReader lines;
+    ChartModel &chartModel;
+    settingsT &settings;
+    ImportHost &importHost;
+    LocalTimeCache times;
 };
 
 FileResult VisCsvImport::run()
 {
-    m_host.progress(1, 255);
+    importHost.progress(1, 255);
     if (const char *error = readHeader())
         return FileResult::failure(error, FileError::BadContents);
     readSamples();
@@ -76,33 +76,33 @@ FileResult VisCsvImport::run()
 // the parameters of line 5.
 const char *VisCsvImport::readHeader()
 {
-    if (m_lines.next().size != kVisLine1Bytes)
+    if (lines.next().size != kVisLine1Bytes)
         return kMsgVisLine1;
 
-    const ByteView title = m_lines.next(1);
+    const ByteView title = lines.next(1);
     if (title.size != kVisTitleBytes)
         return kMsgVisLine2;
-    const int nameAt = g_writeVisTitle(m_settings, title);
+    const int nameAt = g_writeVisTitle(settings, title);
 
-    const ByteView name = m_lines.next(1);
+    const ByteView name = lines.next(1);
     if (name.size != kVisNameBytes)
         return kMsgVisLine3;
-    g_appendVisName(m_settings, nameAt, name);
+    g_appendVisName(settings, nameAt, name);
 
-    if (m_lines.next().size != kVisLine4Bytes)
+    if (lines.next().size != kVisLine4Bytes)
         return kMsgVisLine4;
 
-    const ByteView parameters = m_lines.next();
+    const ByteView parameters = lines.next();
     if (parameters.size != kVisParameterLineBytes)
         return kMsgVisLine5;
     ByteView fields[kFieldRoom];
     if (g_splitFields(ByteView{parameters.data, parameters.size - 1}, ';', fields, kFieldRoom) != kVisParameterFields)
         return kMsgVisLine5Fields;
-    g_storeVisParameters(m_model, fields);
+    g_storeVisParameters(chartModel, fields);
 
-    m_lines.next();
+    lines.next();
     // The column titles are split with their terminator.
-    const ByteView columns = m_lines.next();
+    const ByteView columns = lines.next();
     if (columns.size != kVisColumnLineBytes)
         return kMsgVisLine7;
     if (g_splitFields(columns, ';', fields, kFieldRoom) != kVisDataFields)
@@ -118,7 +118,7 @@ qint64 VisCsvImport::readTime(ByteView date, ByteView time)
     LocalDateTime t;
     qint64 msecs = 0;
     if (g_parseStrictDate(date.data, date.size, &t) && g_parseStrictTime(time.data, time.size, false, &t) &&
-        m_times.toMSecs(t, &msecs))
+        times.toMSecs(t, &msecs))
         return msecs;
     const ByteView d = date.upToZero();
     const ByteView h = time.upToZero();
@@ -129,18 +129,18 @@ qint64 VisCsvImport::readTime(ByteView date, ByteView time)
 
 void VisCsvImport::readSamples()
 {
-    m_model.clearStores();
-    modeCodesT &modes = *m_model.modeCodes();
+    chartModel.clearStores();
+    modeCodesT &modes = *chartModel.modeCodes();
     std::memset(&modes, 0, sizeof modes);
-    g_applyVisLayout(m_settings);
-    m_model.activateRows();
+    g_applyVisLayout(settings);
+    chartModel.activateRows();
 
     _chartDataType *stores[kVisDataSets];
     for (int i = 0; i < kVisDataSets; ++i)
-        stores[i] = m_model.data(i);
+        stores[i] = chartModel.data(i);
 
     ByteView fields[kFieldRoom];
-    qsizetype fieldCount = g_splitFields(m_lines.next(1), ';', fields, kFieldRoom);
+    qsizetype fieldCount = g_splitFields(lines.next(1), ';', fields, kFieldRoom);
     int progressLines = 0;
     while (fieldCount == kVisDataFields) {
         const qint64 t = readTime(fields[0], fields[1]);
@@ -153,32 +153,32 @@ void VisCsvImport::readSamples()
         modes.code[modes.count] = g_visStateCode(fields[8]);
         ++modes.count;
 
-        fieldCount = g_splitFields(m_lines.next(1), ';', fields, kFieldRoom);
+        fieldCount = g_splitFields(lines.next(1), ';', fields, kFieldRoom);
         // The store is full: what was read is kept, the rest of the file not.
         if (modes.count >= kMaxSamples) {
-            m_host.warn(QLatin1String(kMsgTooManyData));
+            importHost.warn(QLatin1String(kMsgTooManyData));
             fieldCount = 0;
         }
         if (progressLines < kMaxSamples)
             ++progressLines;
-        m_host.progress((progressLines * 255) >> 18, 255);
+        importHost.progress((progressLines * 255) >> 18, 255);
     }
 }
 
 void VisCsvImport::finish()
 {
-    m_settings.hasModeData = 1;
-    m_model.showModeBox();
+    settings.hasModeData = 1;
+    chartModel.showModeBox();
 
     // The interval from the first two samples, unless they are less than a
     // second apart; then the one of the parameter line stays.
-    const _chartDataType &d = *m_model.data(0);
+    const _chartDataType &d = *chartModel.data(0);
     const qint64 step = d.time[1] - d.time[0];
     if (step < -999 || step > 999)
-        m_settings.sampleInterval = qint32(step / 1000);
-    g_setTimeRange(m_model);
+        settings.sampleInterval = qint32(step / 1000);
+    g_setTimeRange(chartModel);
 
-    g_checkVisPlausibility(m_model);
+    g_checkVisPlausibility(chartModel);
 }
 
 }  // namespace

@@ -70,42 +70,42 @@ void g_initSettings(settingsT &s, quint32 changedTime)
 ChartModel::ChartModel()
 {
     // Zero pages are handed out lazily, so an unused store costs no memory.
-    m_block = g_allocatePages(kBlockBytes);
-    if (!m_block)
+    block = g_allocatePages(kBlockBytes);
+    if (!block)
         qFatal("Quorvanta: not enough memory for the chart model");
-    auto *p = static_cast<unsigned char *>(m_block);
+    auto *p = static_cast<unsigned char *>(block);
     for (int i = 0; i < kMaxDataSets; ++i, p += kStoreBytes)
-        m_data[i] = reinterpret_cast<_chartDataType *>(p);
-    m_displayData = reinterpret_cast<_chartDataType *>(p);
+        dataStores[i] = reinterpret_cast<_chartDataType *>(p);
+    displayDataStore = reinterpret_cast<_chartDataType *>(p);
     p += kStoreBytes;
-    m_modeCodes = reinterpret_cast<modeCodesT *>(p);
+    modeCodesStore = reinterpret_cast<modeCodesT *>(p);
     p += kModeBytes;
-    m_displayModeCodes = reinterpret_cast<modeCodesT *>(p);
+    displayModeCodesStore = reinterpret_cast<modeCodesT *>(p);
     p += kModeBytes;
-    m_modeParameters = reinterpret_cast<modeParametersT *>(p);
+    modeParametersStore = reinterpret_cast<modeParametersT *>(p);
 
     g_initSettings(settings, g_currentSeconds());
 }
 
 ChartModel::~ChartModel()
 {
-    g_releasePages(m_block, kBlockBytes);
+    g_releasePages(block, kBlockBytes);
 }
 
 void ChartModel::clearStores()
 {
-    for (auto *store : m_data)
+    for (auto *store : dataStores)
         zeroStore(store);
 }
 
 void ChartModel::reset()
 {
     clearStores();
-    zeroStore(m_displayData);
+    zeroStore(displayDataStore);
     // Small enough to write: their pages stay mapped for the next use.
-    std::memset(m_modeCodes, 0, sizeof(modeCodesT));
-    std::memset(m_displayModeCodes, 0, sizeof(modeCodesT));
-    std::memset(m_modeParameters, 0, sizeof(modeParametersT));
+    std::memset(modeCodesStore, 0, sizeof(modeCodesT));
+    std::memset(displayModeCodesStore, 0, sizeof(modeCodesT));
+    std::memset(modeParametersStore, 0, sizeof(modeParametersT));
     g_initSettings(settings, g_currentSeconds());
     for (RowState &r : row)
         r = RowState();
@@ -120,7 +120,7 @@ int ChartModel::usedDataSets() const
 
 qint32 ChartModel::countRange() const
 {
-    const _chartDataType &d = *m_data[0];
+    const _chartDataType &d = *dataStores[0];
     const int n = g_sampleCount(d.count);
     qint32 count = 0;
     for (int k = 0; k < n; ++k) {

@@ -179,14 +179,14 @@ public:
 
     settingsT settings;
 
-    _chartDataType *data(int index) { return m_data[index]; }
-    const _chartDataType *data(int index) const { return m_data[index]; }
-    _chartDataType *displayData() { return m_displayData; }
-    modeCodesT *modeCodes() { return m_modeCodes; }
-    const modeCodesT *modeCodes() const { return m_modeCodes; }
-    modeCodesT *displayModeCodes() { return m_displayModeCodes; }
-    modeParametersT *modeParameters() { return m_modeParameters; }
-    const modeParametersT *modeParameters() const { return m_modeParameters; }
+    _chartDataType *data(int index) { return dataStores[index]; }
+    const _chartDataType *data(int index) const { return dataStores[index]; }
+    _chartDataType *displayData() { return displayDataStore; }
+    modeCodesT *modeCodes() { return modeCodesStore; }
+    const modeCodesT *modeCodes() const { return modeCodesStore; }
+    modeCodesT *displayModeCodes() { return displayModeCodesStore; }
+    modeParametersT *modeParameters() { return modeParametersStore; }
+    const modeParametersT *modeParameters() const { return modeParametersStore; }
 
     // Zero every sample store (the project loader starts from empty stores).
     void clearStores();
@@ -218,12 +218,12 @@ public:
     void applyRowChecks();
 
 private:
-    _chartDataType *m_data[kMaxDataSets];
-    _chartDataType *m_displayData;
-    modeCodesT *m_modeCodes;
-    modeCodesT *m_displayModeCodes;
-    modeParametersT *m_modeParameters;
-    void *m_block;  // one zero-filled allocation holding all of the above
+    _chartDataType *dataStores[kMaxDataSets];
+    _chartDataType *displayDataStore;
+    modeCodesT *modeCodesStore;
+    modeCodesT *displayModeCodesStore;
+    modeParametersT *modeParametersStore;
+    void *block;  // one zero-filled allocation holding all of the above
 };
 
 // Fresh settings record with the construction defaults.

@@ -32,22 +32,22 @@ PayloadBuffer::PayloadBuffer(qint64 size)
     if (size <= 0)
         return;
     if (void *p = g_allocatePages(size_t(size))) {
-        data_ = static_cast<char *>(p);
-        size_ = size;
-        mapped_ = true;
+        bytes = static_cast<char *>(p);
+        byteCount = size;
+        mapped = true;
         return;
     }
-    data_ = static_cast<char *>(std::malloc(size_t(size)));
-    size_ = data_ ? size : 0;
+    bytes = static_cast<char *>(std::malloc(size_t(size)));
+    byteCount = bytes ? size : 0;
 }
 
 PayloadBuffer::~PayloadBuffer()
 {
-    if (mapped_) {
-        g_releasePages(data_, size_t(size_));
+    if (mapped) {
+        g_releasePages(bytes, size_t(byteCount));
         return;
     }
-    std::free(data_);
+    std::free(bytes);
 }
 
 void g_populate(const void *data, qint64 size, bool forWriting)

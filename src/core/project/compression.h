@@ -24,14 +24,14 @@ public:
     PayloadBuffer(const PayloadBuffer &) = delete;
     PayloadBuffer &operator=(const PayloadBuffer &) = delete;
 
-    char *data() const { return data_; }
-    qint64 size() const { return size_; }
-    bool isNull() const { return data_ == nullptr; }
+    char *data() const { return bytes; }
+    qint64 size() const { return byteCount; }
+    bool isNull() const { return bytes == nullptr; }
 
 private:
-    char *data_ = nullptr;
-    qint64 size_ = 0;
-    bool mapped_ = false;
+    char *bytes = nullptr;
+    qint64 byteCount = 0;
+    bool mapped = false;
 };
 
 // Maps the pages of a large region in one go before it is read or written

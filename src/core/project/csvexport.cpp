@@ -41,27 +41,27 @@ public:
     int at(qint64 t)
     {
         const qint64 block = floorDiv(t, kBlockMs);
-        if (block != m_block) {
-            m_block = block;
+        if (block != currentBlock) {
+            currentBlock = block;
             qint64 low = block * kBlockMs, high = low + kBlockMs - 1;
-            m_before = ask(low);
-            m_after = ask(high);
+            before = ask(low);
+            after = ask(high);
             // The first millisecond with the later offset.
-            while (m_before != m_after && high - low > 1) {
+            while (before != after && high - low > 1) {
                 const qint64 middle = low + (high - low) / 2;
-                (ask(middle) == m_before ? low : high) = middle;
+                (ask(middle) == before ? low : high) = middle;
             }
-            m_change = high;
+            change = high;
         }
-        return t < m_change ? m_before : m_after;
+        return t < change ? before : after;
     }
 
 private:
     static int ask(qint64 t) { return QDateTime::fromMSecsSinceEpoch(t).offsetFromUtc(); }
-    qint64 m_block = std::numeric_limits<qint64>::min();
-    qint64 m_change = 0;
-    int m_before = 0;
-    int m_after = 0;
+    qint64 currentBlock = std::numeric_limits<qint64>::min();
+    qint64 change = 0;
+    int before = 0;
+    int after = 0;
 };
 
 char *twoDigits(char *p, int v)

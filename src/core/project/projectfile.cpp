@@ -93,43 +93,43 @@ constexpr quint32 kPopulateFrom = 1 << 20;
 class PayloadWriter
 {
 public:
-    explicit PayloadWriter(char *buffer) : m_p(buffer) {}
+    explicit PayloadWriter(char *buffer) : p(buffer) {}
     void item(const void *data, quint32 size)
     {
         if (size >= kPopulateFrom)
             g_populate(data, size, false);
         const QByteArray length = bigEndian32(size);
-        std::memcpy(m_p, length.constData(), 4);
-        std::memcpy(m_p + 4, data, size);
-        m_p += 4 + size;
+        std::memcpy(p, length.constData(), 4);
+        std::memcpy(p + 4, data, size);
+        p += 4 + size;
     }
-    const char *end() const { return m_p; }
+    const char *end() const { return p; }
 
 private:
-    char *m_p;
+    char *p;
 };
 
 // Takes byte-array items of an exact length out of the inflated payload.
 class PayloadReader
 {
 public:
-    PayloadReader(const char *data, qint64 size) : m_p(data), m_end(data + size) {}
+    PayloadReader(const char *data, qint64 size) : p(data), end(data + size) {}
     bool item(void *destination, quint32 expectedLength)
     {
-        if (m_end - m_p < 4 || fromBigEndian32(m_p) != expectedLength)
+        if (end - p < 4 || fromBigEndian32(p) != expectedLength)
             return false;
-        if (m_end - m_p - 4 < qint64(expectedLength))
+        if (end - p - 4 < qint64(expectedLength))
             return false;
         if (expectedLength >= kPopulateFrom)
             g_populate(destination, expectedLength, true);
-        std::memcpy(destination, m_p + 4, expectedLength);
-        m_p += 4 + expectedLength;
+        std::memcpy(destination, p + 4, expectedLength);
+        p += 4 + expectedLength;
         return true;
     }
 
 private:
-    const char *m_p;
-    const char *m_end;
+    const char *p;
+    const char *end;
 };
 
 int versionOf(const QByteArray &magic)

@@ -47,7 +47,10 @@ QString chartTitle(const ChartModel &model)
 
 }  // namespace
 
-PagePrinterClass::PagePrinterClass(const ChartModel &model, ChartFill fill) : m_model(model), m_fill(std::move(fill)) {}
+PagePrinterClass::PagePrinterClass(const ChartModel &model, ChartFill fill)
+    : chartModel(model), chartFill(std::move(fill))
+{
+}
 
 void PagePrinterClass::m_setupPrinter(QPrinter &printer, QPrinter::OutputFormat format)
 {
@@ -79,8 +82,8 @@ void PagePrinterClass::m_paint(QPainter &painter, int width, int height, const P
     painter.save();
 
     std::unique_ptr<QtCharts::QChartView> view = printView(width / 2, height / 2);
-    if (m_fill)
-        m_fill(view.get());
+    if (chartFill)
+        chartFill(view.get());
     QCoreApplication::sendPostedEvents();
     report(96, 128);
 
@@ -91,7 +94,7 @@ void PagePrinterClass::m_paint(QPainter &painter, int width, int height, const P
     view->render(&painter, QRectF(g_pageChartRect(width, height)), printSource(*view), Qt::IgnoreAspectRatio);
     report(192, 128);
 
-    const QVector<PageBandEntry> band = g_pageBand(m_model.settings, *m_model.modeParameters(), height);
+    const QVector<PageBandEntry> band = g_pageBand(chartModel.settings, *chartModel.modeParameters(), height);
     if (!band.isEmpty()) {
         QFont font = painter.font();
         font.setPointSize(8);

@@ -43,8 +43,8 @@ public:
     static void m_setupPrinter(QPrinter &printer, QPrinter::OutputFormat format);
 
 private:
-    const ChartModel &m_model;
-    ChartFill m_fill;
+    const ChartModel &chartModel;
+    ChartFill chartFill;
 };
 
 // Builds the print chart of model into view (4096 points, thick pens, no

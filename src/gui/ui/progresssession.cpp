@@ -6,7 +6,7 @@ namespace qv {
 
 ProgressSession::ProgressSession(QWidget *parent, const QString &text, const QString &detail,
                                  std::function<void()> onShow)
-    : parent_(parent), text_(text), detail_(detail), onShow_(std::move(onShow))
+    : parentWidget(parent), mainText(text), detailText(detail), beforeShow(std::move(onShow))
 {
 }
 
@@ -17,20 +17,20 @@ ProgressSession::~ProgressSession()
 
 void ProgressSession::set(int mainValue, int detailValue)
 {
-    if (!dialog_) {
-        if (onShow_)
-            onShow_();
-        dialog_ = new ProgressDialogClass(parent_, text_, detail_);
-    } else if (mainValue == lastMain_ && detailValue == lastDetail_) {
+    if (!shownDialog) {
+        if (beforeShow)
+            beforeShow();
+        shownDialog = new ProgressDialogClass(parentWidget, mainText, detailText);
+    } else if (mainValue == lastMain && detailValue == lastDetail) {
         return;  // importers report per row; repaint only when a bar moves
     }
-    lastMain_ = mainValue;
-    lastDetail_ = detailValue;
-    if (!dialog_)  // closed and deleted while events were processed
+    lastMain = mainValue;
+    lastDetail = detailValue;
+    if (!shownDialog)  // closed and deleted while events were processed
         return;
-    dialog_->m_setProgress(mainValue);
-    if (dialog_)
-        dialog_->m_setDetailProgress(detailValue);
+    shownDialog->m_setProgress(mainValue);
+    if (shownDialog)
+        shownDialog->m_setDetailProgress(detailValue);
 }
 
 ProgressFn ProgressSession::callback()
@@ -40,18 +40,18 @@ ProgressFn ProgressSession::callback()
 
 QDialog *ProgressSession::take()
 {
-    ProgressDialogClass *dialog = dialog_;
-    dialog_ = nullptr;
+    ProgressDialogClass *dialog = shownDialog;
+    shownDialog = nullptr;
     return dialog;
 }
 
 void ProgressSession::release()
 {
-    if (dialog_) {
-        dialog_->hide();  // gone at once, even before the event loop deletes it
-        dialog_->deleteLater();
+    if (shownDialog) {
+        shownDialog->hide();  // gone at once, even before the event loop deletes it
+        shownDialog->deleteLater();
     }
-    dialog_ = nullptr;
+    shownDialog = nullptr;
 }
 
 }  // namespace qv

@@ -28,20 +28,20 @@ public:
     void set(int mainValue, int detailValue);
     ProgressFn callback();
 
-    ProgressDialogClass *dialog() const { return dialog_; }
+    ProgressDialogClass *dialog() const { return shownDialog; }
     // Hands the dialog over to an error exit that releases it; null if none was shown.
     QDialog *take();
     // Schedules the dialog for deletion.
     void release();
 
 private:
-    QWidget *parent_;
-    QString text_;
-    QString detail_;
-    std::function<void()> onShow_;
-    QPointer<ProgressDialogClass> dialog_;
-    int lastMain_ = -1;
-    int lastDetail_ = -1;
+    QWidget *parentWidget;
+    QString mainText;
+    QString detailText;
+    std::function<void()> beforeShow;
+    QPointer<ProgressDialogClass> shownDialog;
+    int lastMain = -1;
+    int lastDetail = -1;
 };
 
 }  // namespace qv

@@ -7,22 +7,24 @@
 
 namespace qv {
 
-WidgetImportHost::WidgetImportHost(QWidget *parent, ProgressSession &progress) : parent_(parent), progress_(progress) {}
+WidgetImportHost::WidgetImportHost(QWidget *parent, ProgressSession &progress) : parentWidget(parent), session(progress)
+{
+}
 
 bool WidgetImportHost::askYesNo(const QString &title, const QString &question)
 {
-    return g_question(parent_, g_coreText(title), g_coreText(question), QMessageBox::Yes | QMessageBox::No) ==
+    return g_question(parentWidget, g_coreText(title), g_coreText(question), QMessageBox::Yes | QMessageBox::No) ==
            QMessageBox::Yes;
 }
 
 void WidgetImportHost::warn(const QString &message)
 {
-    g_warning(parent_, g_chartText(kTextErrorTitle), g_coreText(message));
+    g_warning(parentWidget, g_chartText(kTextErrorTitle), g_coreText(message));
 }
 
 void WidgetImportHost::progress(int mainValue, int detailValue)
 {
-    progress_.set(mainValue, detailValue);
+    session.set(mainValue, detailValue);
 }
 
 }  // namespace qv

@@ -19,8 +19,8 @@ public:
     void progress(int mainValue, int detailValue) override;
 
 private:
-    QWidget *parent_;
-    ProgressSession &progress_;
+    QWidget *parentWidget;
+    ProgressSession &session;
 };
 
 }  // namespace qv
