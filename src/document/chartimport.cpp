@@ -18,9 +18,9 @@ bool QVChartClass::m_importSampling(qv::InputKind kind, const QString &path)
 
 bool QVChartClass::m_runImport(const qv::SamplingFormat &format, const QString &givenPath)
 {
-    const QString path = !givenPath.isEmpty()
-                             ? givenPath
-                             : qv::g_getOpenFileName(mainWindow, qv::g_coreText(format.caption), importDir, qv::g_coreText(format.filter));
+    const QString path = !givenPath.isEmpty() ? givenPath
+                                              : qv::g_getOpenFileName(mainWindow, qv::g_coreText(format.caption),
+                                                                      importDir, qv::g_coreText(format.filter));
     if (path.isEmpty())
         return false;
 
