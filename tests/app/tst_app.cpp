@@ -257,7 +257,7 @@ private slots:
         QTest::addColumn<QStringList>("messages");
         QTest::addColumn<int>("sets");
         QTest::addColumn<bool>("modified");
-        const QString vis = source("tests/data/vis/four-states.csv");
+        const QString vis = source("tests/data/viscsv/four-states.csv");
         const auto none = QMessageBox::NoButton;
         // clang-format off
         QTest::newRow("a project opens") << QStringList{project} << none << false << true << QStringList() << 2 << false;

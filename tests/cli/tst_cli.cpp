@@ -200,9 +200,9 @@ private slots:
         QTest::newRow("sampling file as output: .qvj appended") << QStringList() << "in.qvj" << "data.csv" << "data.csv.qvj" << qint64(-1);
         QTest::newRow("upper case extension kept") << QStringList() << "in.qvj" << "OUT.QVJ" << "OUT.QVJ" << qint64(-1);
         QTest::newRow("changed time given") << args({"--changed-time", "1700000000"}) << "in.qvj" << "b.qvj" << "b.qvj" << qint64(1700000000);
-        QTest::newRow("csv with siblings") << args({"--yes"}) << kData + QStringLiteral("csv/sensor-set/S_TS01.CSV") << "cli.qvj" << "cli.qvj" << qint64(-1);
+        QTest::newRow("csv with siblings") << args({"--yes"}) << kData + QStringLiteral("controllercsv/sensor-set/S_TS01.CSV") << "cli.qvj" << "cli.qvj" << qint64(-1);
         QTest::newRow("binary log with siblings, overflow repaired") << args({"--yes"}) << QStringLiteral(QV_SAMPLES_DIR "/ventimar-log-overflow/SV_SA_01.LOG") << "cli.qvj" << "cli.qvj" << qint64(-1);
-        QTest::newRow("vaporix-VIS") << QStringList() << kData + QStringLiteral("vis/four-states.csv") << "cli.qvj" << "cli.qvj" << qint64(-1);
+        QTest::newRow("vaporix-VIS") << QStringList() << kData + QStringLiteral("viscsv/four-states.csv") << "cli.qvj" << "cli.qvj" << qint64(-1);
         // clang-format on
     }
 

@@ -31,7 +31,7 @@ public:
     int outOfRange = 0;
 };
 
-// A committed input under $QV_TEST_DATA, e.g. "csv/title-with-bell.csv".
+// A committed input under $QV_TEST_DATA, e.g. "controllercsv/title-with-bell-cuts-two-bytes.csv".
 QByteArray dataFile(const char *name);
 
 enum class Kind { Csv, Log, Vis };

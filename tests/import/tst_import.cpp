@@ -28,7 +28,7 @@ namespace {
 // n = 0 its lines 1 to 7 (the header) only.
 QByteArray visWith(int n, const QByteArray &line = QByteArray())
 {
-    QByteArrayList lines = dataFile("vis/four-states.csv").split('\n');
+    QByteArrayList lines = dataFile("viscsv/four-states.csv").split('\n');
     if (n == 0)
         return lines.mid(0, 7).join('\n') + '\n';
     lines[n - 1] = line;
@@ -136,7 +136,7 @@ private slots:
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("parts");
         QTest::addColumn<QByteArray>("expected");
-        auto f = [](const char *name) { return dataFile(QByteArray("csv/").append(name).constData()); };
+        auto f = [](const char *name) { return dataFile(QByteArray("controllercsv/").append(name).constData()); };
         const QByteArray row = "01.01.2021 00:00:00;1;2\n";
 
         QTest::newRow("ordinary") << f("trailing-separator-and-missing-value.csv") << QByteArray("rtsavgmq") << QByteArray("ok 'Keller Nord' sets[Temp:2:8:3EC,Feuchte:0:8:3EC] axes[11..13,79..82] v[12.5 12.25 11.75|81 - 79.5] 01.12.2020 10:00:00..01.12.2020 10:20:00 iv=600 n=3 modes=0 flags=1 [] q0w0");
@@ -213,7 +213,7 @@ private slots:
     }
 
     // A SENSORWERTE file with its state log, parameters and card parameters
-    // (tests/data/csv/sensor-set): which names take the siblings, each broken
+    // (tests/data/controllercsv/sensor-set): which names take the siblings, each broken
     // sibling and what stays, the state log's start check and sections.
     void csvSiblings_data()
     {
@@ -234,7 +234,7 @@ private slots:
         QTest::newRow("TS04 missing") << upper << with(3, "-") << true << QByteArray("rmq") << QByteArray("ok modes=0 flags=1 [] q0w0");
         QTest::newRow("lower-case ts01 finds upper-case TS02")
             << names("s_ts01.csv", "s_TS0%1.csv") << committed << true << QByteArray("rmq") << QByteArray("ok modes=1VC flags=3 [3 1 11 7 7 2] q1w0");
-        QTest::newRow("state heading wrong") << upper << with(1, "STATUS\n" + dataFile("csv/sensor-set/S_TS02.CSV")) << true << QByteArray("rmq") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 [] q1w0");
+        QTest::newRow("state heading wrong") << upper << with(1, "STATUS\n" + dataFile("controllercsv/sensor-set/S_TS02.CSV")) << true << QByteArray("rmq") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 [] q1w0");
         QTest::newRow("parameter heading wrong") << upper << with(2, "PARAMETERS\n") << true << QByteArray("rmq") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 [3 1 11 7 7 2] q1w0");
         QTest::newRow("card heading wrong") << upper << with(3, "PARAMETER\n") << true << QByteArray("rmq") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 [3 1 11 7 7 2] q1w0");
         QTest::newRow("TS03 is a folder") << upper << with(2, "/") << true << QByteArray("rmq") << QByteArray("Error reading file!! modes=0 flags=1 [] q0w0");
@@ -255,7 +255,7 @@ private slots:
         QTemporaryDir folder;
         for (int i = 0; i < names.size(); ++i) {
             const QByteArray committed =
-                dataFile(QByteArray("csv/sensor-set/S_TS0" + QByteArray::number(i + 1) + ".CSV").constData());
+                dataFile(QByteArray("controllercsv/sensor-set/S_TS0" + QByteArray::number(i + 1) + ".CSV").constData());
             if (contents[i] == "/")
                 QVERIFY(QDir().mkpath(folder.filePath(names[i])));
             else if (contents[i] != "-")
@@ -498,7 +498,7 @@ private slots:
         QCOMPARE(run.summary("rmpq"), expected);
     }
 
-    // vaporix-VIS files (tests/data/vis/four-states.csv with one line changed
+    // vaporix-VIS files (tests/data/viscsv/four-states.csv with one line changed
     // or data lines of its own): header checks and what they leave, the title,
     // the parameter block, values, states, the end of the data, the bound,
     // the interval and the plausibility limits.
@@ -516,7 +516,7 @@ private slots:
         const QByteArray ok = line("01.02.2021;10:00", v, "OPTIMAL   ");
         auto pad = [](const QByteArray &t, int w) -> QByteArray { return t.leftJustified(w, ' ', true); };
 
-        QTest::newRow("whole import") << dataFile("vis/four-states.csv") << QByteArray("rtsavxgmpq") << QByteArray("ok 'vaporix-VIS Kellerklima - Keller Nord' sets[Temperatur Innen:1:8:7EC,rel. Feuchte Innen:0:8:3EC,abs. Feuchte Innen:1:8:3EC,Temperatur Aussen:1:8:1EC,rel. Feuchte Aussen:0:8:1EC,abs. Feuchte Aussen:1:8:1EC] axes[-15..35,0..100,0..20,-15..35,0..100,0..20] v[10 10.25 10.5 10.75|51 51.25 51.5 51.75|12 12.25 12.5 12.75|13 13.25 13.5 13.75|54 54.25 54.5 54.75|15 15.25 15.5 15.75] x[30.11.2021 08:30:00 +3600 +3600 +3600] 30.11.2021 08:30:00..30.11.2021 11:30:00 iv=3600 n=4 modes=1VC flags=3 [5 12 4 2] P[55 75 8 18.5 3 2.5 1.5 0 0 0 0;1 0 0 2;600] q0w0");
+        QTest::newRow("whole import") << dataFile("viscsv/four-states.csv") << QByteArray("rtsavxgmpq") << QByteArray("ok 'vaporix-VIS Kellerklima - Keller Nord' sets[Temperatur Innen:1:8:7EC,rel. Feuchte Innen:0:8:3EC,abs. Feuchte Innen:1:8:3EC,Temperatur Aussen:1:8:1EC,rel. Feuchte Aussen:0:8:1EC,abs. Feuchte Aussen:1:8:1EC] axes[-15..35,0..100,0..20,-15..35,0..100,0..20] v[10 10.25 10.5 10.75|51 51.25 51.5 51.75|12 12.25 12.5 12.75|13 13.25 13.5 13.75|54 54.25 54.5 54.75|15 15.25 15.5 15.75] x[30.11.2021 08:30:00 +3600 +3600 +3600] 30.11.2021 08:30:00..30.11.2021 11:30:00 iv=3600 n=4 modes=1VC flags=3 [5 12 4 2] P[55 75 8 18.5 3 2.5 1.5 0 0 0 0;1 0 0 2;600] q0w0");
         QTest::newRow("empty file") << QByteArray() << QByteArray("rtgp") << QByteArray("Error in CSV line 1 !/No vaporix-Vis sampling. '' 0..0 iv=0 n=0 P[0 0 0 0 0 0 0 0 0 0 0;0 0 0 0;0]");
         QTest::newRow("UTF-8 BOM in line 1") << visWith(1, "\xEF\xBB\xBF") << QByteArray("rt") << QByteArray("Error in CSV line 1 !/No vaporix-Vis sampling. ''");
         QTest::newRow("CR LF at line 2") << visWith(2, pad("vaporix-VIS Kellerklima", 48) + "\r") << QByteArray("rt") << QByteArray("Error in CSV title line 2 ! ''");

@@ -12,7 +12,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static int argc = 1;
-    static char name[] = "fuzz_visimport";
+    static char name[] = "fuzz_viscsv";
     static char *argv[] = {name, nullptr};
     static QCoreApplication app(argc, argv);
     static const QString path = qvfuzz::scratchPath(QStringLiteral("vis.csv"));

@@ -23,7 +23,7 @@ QString path(int i)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static int argc = 1;
-    static char name[] = "fuzz_csvimport";
+    static char name[] = "fuzz_controllercsv";
     static char *argv[] = {name, nullptr};
     static QCoreApplication app(argc, argv);
 

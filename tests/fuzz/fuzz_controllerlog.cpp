@@ -55,7 +55,7 @@ QByteArray logFile(const QByteArray &part)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static int argc = 1;
-    static char name[] = "fuzz_logimport";
+    static char name[] = "fuzz_controllerlog";
     static char *argv[] = {name, nullptr};
     static QCoreApplication app(argc, argv);
     if (size == 0)
