@@ -190,16 +190,9 @@ void ControllerCsvImport::finishDataSets()
 FileResult ControllerCsvImport::readSiblings(const QString &path)
 {
     SiblingFiles files;
-    switch (files.open(g_siblingPaths(path, {"TS01", "TS02", "TS03", "TS04"}))) {
-    case SiblingFiles::Opened:
-        break;
-    case SiblingFiles::Missing:
-        return FileResult();
-    case SiblingFiles::NotRegular:
-        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
-    }
-    if (!importHost.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
-        return FileResult();
+    if (const std::optional<FileResult> done =
+            g_offerSiblings(files, g_siblingPaths(path, {"TS01", "TS02", "TS03", "TS04"}), importHost))
+        return *done;
     if (!readStateLog(files[0]) || !readParameters(files[1]) || !readCardParameters(files[2]))
         return FileResult::failure(kMsgSiblingFiles, FileError::SiblingFiles);
     importHost.progress(255, 255);

@@ -189,16 +189,8 @@ void ControllerLogImport::readDataSet(const LogRing &ring, int index)
 FileResult ControllerLogImport::readSiblings(const QString &path)
 {
     SiblingFiles files;
-    switch (files.open(siblingPaths(path))) {
-    case SiblingFiles::Opened:
-        break;
-    case SiblingFiles::Missing:
-        return FileResult();
-    case SiblingFiles::NotRegular:
-        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
-    }
-    if (!importHost.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
-        return FileResult();
+    if (const std::optional<FileResult> done = g_offerSiblings(files, siblingPaths(path), importHost))
+        return *done;
 
     const FileResult failed = FileResult::failure(kMsgSiblingFiles, FileError::SiblingFiles);
     importHost.progress(1, 255);

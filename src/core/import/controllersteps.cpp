@@ -178,6 +178,21 @@ void SiblingFiles::close()
         f.close();
 }
 
+std::optional<FileResult> g_offerSiblings(SiblingFiles &files, const std::array<QString, 3> &paths, ImportHost &host)
+{
+    switch (files.open(paths)) {
+    case SiblingFiles::Opened:
+        break;
+    case SiblingFiles::Missing:
+        return FileResult();
+    case SiblingFiles::NotRegular:
+        return FileResult::failure(kMsgReadError, FileError::CannotOpen);
+    }
+    if (!host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
+        return FileResult();
+    return std::nullopt;
+}
+
 void g_applySensorLayout(ChartModel &model)
 {
     settingsT &s = model.settings;

@@ -4,12 +4,15 @@
 // layout of a sensor sampling with state data and its plausibility pass.
 #pragma once
 
+#include "core/base/fileresult.h"
+#include "core/import/importhost.h"
 #include "core/model/chartmodel.h"
 
 #include <QFile>
 #include <QString>
 
 #include <array>
+#include <optional>
 
 namespace qv {
 
@@ -63,6 +66,12 @@ public:
 private:
     std::array<QFile, 3> files;
 };
+
+// Opens the siblings at paths and asks whether to read them. Nothing when all
+// three are open and the answer is Yes; otherwise what the import ends with:
+// success for the sensor data alone (a sibling missing, or No), the read
+// error for a sibling that is a folder, a device or a FIFO.
+std::optional<FileResult> g_offerSiblings(SiblingFiles &files, const std::array<QString, 3> &paths, ImportHost &host);
 
 // A sensor sampling with state data: sets 1 to 5 get their display flags,
 // rows 6 to 11 are unticked (each untick of a connected row applies the row
