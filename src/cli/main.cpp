@@ -4,6 +4,7 @@
 #include "cliargs.h"
 #include "infoprinter.h"
 
+#include "core/base/safewrite.h"
 #include "core/project/csvexport.h"
 #include "core/project/inputreader.h"
 #include "core/project/projectfile.h"
@@ -12,6 +13,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QTextStream>
 
 #include <sys/stat.h>
@@ -151,20 +153,16 @@ int main(int argc, char *argv[])
         return writeCsv(command, *model, output);
 
     if (command.verb == qv::CliCommand::Pdf || command.verb == qv::CliCommand::Png) {
-        // A file that cannot be written is told before anything is drawn.
-        QFile probe(output);
-        const bool existed = probe.exists();
-        if (!probe.open(QIODevice::WriteOnly | QIODevice::Append))
-            return fail(qv::kMsgWriteError);
-        probe.close();
-        const bool written = command.verb == qv::CliCommand::Pdf ? qv::g_writePagePdf(*model, output)
-                                                                 : qv::g_writeChartImage(*model, output, command.width);
-        if (!written) {
-            if (!existed)
-                QFile::remove(output);
-            return fail(qv::kMsgWriteError);
-        }
-        return 0;
+        // The picture's format follows the file name's extension, as it did
+        // when Qt chose it from the name.
+        const QByteArray format = QFileInfo(output).suffix().toLower().toLatin1();
+        const qv::FileResult written = qv::g_writeFileWhole(output, [&](QIODevice &device) {
+            const bool drawn = command.verb == qv::CliCommand::Pdf
+                                   ? qv::g_writePagePdf(*model, device)
+                                   : qv::g_writeChartImage(*model, device, format, command.width);
+            return drawn ? qv::FileResult() : qv::FileResult::failure(qv::kMsgWriteError, qv::FileError::CannotWrite);
+        });
+        return written.ok ? 0 : fail(written.message);
     }
 
     qv::SaveOptions options;

@@ -89,7 +89,8 @@ class TestCli : public QObject
 
     // Runs quorvanta-cli in a fresh current folder holding in.qvj and in.bak
     // (projects), link.qvj (a symbolic link to in.qvj), hard.qvj (a hard link
-    // to it), data.csv, bad.csv (an import that fails) and night.qvj. No file
+    // to it), data.csv, bad.csv (an import that fails), night.qvj and pipe.pdf
+    // (a FIFO). No file
     // that was there may change, and the usage follows exactly the usage
     // errors (exit code 2).
     void run(const QStringList &arguments)
@@ -115,6 +116,7 @@ class TestCli : public QObject
         QCOMPARE(::link("in.qvj", "hard.qvj"), 0);
         QVERIFY(qvtest::writeFile(QStringLiteral("data.csv"), "Datum;Zeit\n"));
         QVERIFY(qvtest::writeFile(QStringLiteral("bad.csv"), "K\nZeit;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;17\n"));
+        QCOMPARE(::mkfifo("pipe.pdf", 0600), 0);  // no reader: opening it for writing would block
         const QStringList names = QDir().entryList(QDir::Files);
         QMap<QString, QByteArray> before;
         for (const QString &name : names)
@@ -168,6 +170,8 @@ private slots:
         QTest::newRow("a failed import writes nothing") << args({"convert", "bad.csv", "-o", "x.qvj"}) << 1 << "Error in CSV line 2 !\nToo many columns.";
         QTest::newRow("write error") << args({"convert", "in.qvj", "-o", "no/such/x.qvj"}) << 1 << "Error while writing file!";
         QTest::newRow("pdf write error") << args({"pdf", "in.qvj", "-o", "no/such/x.pdf"}) << 1 << "Error while writing file!";
+        QTest::newRow("pdf to a FIFO") << args({"pdf", "in.qvj", "-o", "pipe.pdf"}) << 1 << "Error while writing file!";
+        QTest::newRow("a picture that cannot be made keeps the old file") << args({"png", "in.qvj", "-o", "data.csv"}) << 1 << "Error while writing file!";
         QTest::newRow("csv to a device") << args({"csv", "night.qvj", "-o", "/dev/null"}) << 1 << "Error while writing file!";
         QTest::newRow("through a hard link") << args({"convert", "in.qvj", "-o", "hard.qvj"}) << 1 << "writing hard.qvj would overwrite the input file in.qvj";
         QTest::newRow("backup would be the input") << args({"convert", "--type", "qvj", "in.bak", "-o", "in.qvj"}) << 1 << "writing in.qvj would overwrite the input file in.bak";

@@ -1,11 +1,11 @@
 #include "core/project/csvexport.h"
 
-#include "core/base/regularfile.h"
+#include "core/base/safewrite.h"
 #include "core/model/devicestate.h"
 #include "core/model/fixedstring.h"
 
 #include <QDateTime>
-#include <QSaveFile>
+#include <QIODevice>
 
 #include <algorithm>
 #include <cmath>
@@ -282,19 +282,7 @@ FileResult g_writeCsv(const ChartModel &model, QIODevice &device, const CsvOptio
 
 FileResult g_saveCsvFile(const ChartModel &model, const QString &path, const CsvOptions &options)
 {
-    if (!g_mayReplace(path))
-        return FileResult::failure(kMsgWriteError, FileError::CannotWrite);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return FileResult::failure(kMsgWriteError, FileError::CannotWrite);
-    const FileResult written = g_writeCsv(model, file, options);
-    if (!written.ok) {
-        file.cancelWriting();
-        return written;
-    }
-    if (!file.commit())
-        return FileResult::failure(kMsgWriteError, FileError::CannotWrite);
-    return written;
+    return g_writeFileWhole(path, [&](QIODevice &device) { return g_writeCsv(model, device, options); });
 }
 
 }  // namespace qv

@@ -10,6 +10,7 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
 #include <QtCharts/QLineSeries>
@@ -128,18 +129,20 @@ void g_fillPrintView(ChartModel &model, QtCharts::QChartView *view)
     g_restoreZoom(build.chart, build.dataSeries.first(), model.settings);
 }
 
-bool g_writePagePdf(ChartModel &model, const QString &fileName)
+bool g_writePagePdf(ChartModel &model, QIODevice &device)
 {
     QPrinter printer(QPrinter::HighResolution);
     PagePrinterClass::m_setupPrinter(printer, QPrinter::PdfFormat);
-    printer.setOutputFileName(fileName);
-    printer.setDocName(chartTitle(model));
-    printer.setCreator(QStringLiteral("Quorvanta"));
+    QPdfWriter pdf(&device);
+    pdf.setResolution(printer.resolution());
+    pdf.setPageLayout(printer.pageLayout());
+    pdf.setTitle(chartTitle(model));
+    pdf.setCreator(QStringLiteral("Quorvanta"));
     const PagePrinterClass page(model, [&model](QtCharts::QChartView *view) { g_fillPrintView(model, view); });
-    return page.m_paint(&printer);
+    return page.m_paint(&pdf);
 }
 
-bool g_writeChartImage(ChartModel &model, const QString &fileName, int width)
+bool g_writeChartImage(ChartModel &model, QIODevice &device, const QByteArray &format, int width)
 {
     // The chart as the page shows it: the same view size, scaled to width.
     QPrinter printer(QPrinter::HighResolution);
@@ -157,7 +160,7 @@ bool g_writeChartImage(ChartModel &model, const QString &fileName, int width)
     painter.setRenderHint(QPainter::TextAntialiasing, true);
     view->render(&painter, QRectF(image.rect()), printSource(*view), Qt::IgnoreAspectRatio);
     painter.end();
-    return image.save(fileName);
+    return image.save(&device, format.constData());
 }
 
 }  // namespace qv

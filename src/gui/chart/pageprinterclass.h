@@ -12,6 +12,7 @@
 
 #include <functional>
 
+class QIODevice;
 class QPaintDevice;
 class QPainter;
 
@@ -51,11 +52,12 @@ private:
 // hover), with the legend statistics and the zoom window of the model.
 void g_fillPrintView(ChartModel &model, QtCharts::QChartView *view);
 
-// Writes the page of model as a one-page PDF whose title is the chart title.
-bool g_writePagePdf(ChartModel &model, const QString &fileName);
+// Writes the page of model onto device as a one-page PDF whose title is the
+// chart title.
+bool g_writePagePdf(ChartModel &model, QIODevice &device);
 
 // Draws the print chart alone into a picture of the given width (height in
-// the page's proportion) and saves it; the format follows the file name.
-bool g_writeChartImage(ChartModel &model, const QString &fileName, int width);
+// the page's proportion) and writes it onto device in format ("png", "jpg").
+bool g_writeChartImage(ChartModel &model, QIODevice &device, const QByteArray &format, int width);
 
 }  // namespace qv
