@@ -161,7 +161,17 @@ QString summary(const FileResult &r, ChartModel &m)
     return s;
 }
 
-enum Situation { NewFile, OverOld, ReadOnlyFolder, LimitHitsProject, LimitHitsBackup, InUse, Fifo, Folder };
+enum Situation {
+    NewFile,
+    OverOld,
+    ReadOnlyFolder,
+    LimitHitsProject,
+    LimitHitsBackup,
+    InUse,
+    Fifo,
+    Folder,
+    BackupIsLink
+};
 
 // Saves in a child process as the programs do (SIGXFSZ ignored), under the
 // situation's file-size limit or as an ordinary user; the child's exit code
@@ -319,6 +329,7 @@ void TestProject::saveSituations_data()
     QTest::newRow("size limit hit by the project") << "a.qvj" << int(LimitHitsProject) << error + QLatin1String(" | a.bak=O a.qvj=O");
     QTest::newRow("size limit hit by the backup") << "a.qvj" << int(LimitHitsBackup) << error + QLatin1String(" | a.bak=P a.qvj=O");
     QTest::newRow("saved by another program") << "a.qvj" << int(InUse) << saveTexts.at(2) + QLatin1String(" | a.bak=P a.qvj=O");
+    QTest::newRow("backup a link to another file") << "a.qvj" << int(BackupIsLink) << "ok | a.bak=O a.qvj=N other=P";
     QTest::newRow("FIFO") << "a.qvj" << int(Fifo) << error + QLatin1String(" | a.qvj=k");
     QTest::newRow("folder") << "a.qvj" << int(Folder) << error + QLatin1String(" | a.qvj=d");
     // clang-format on
@@ -343,6 +354,9 @@ void TestProject::saveSituations()
         QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0666), 0);
     else if (situation == Folder)
         QVERIFY(QDir().mkdir(path));
+    else if (situation == BackupIsLink)  // the old backup's place holds a link to an unrelated file
+        QVERIFY(qvtest::writeFile(path, old) && qvtest::writeFile(folder + QStringLiteral("/other"), previous) &&
+                QFile::link(QStringLiteral("other"), g_backupPath(path)));
     else if (situation != NewFile)
         QVERIFY(qvtest::writeFile(path, old) && qvtest::writeFile(g_backupPath(path), previous));
     QLockFile otherSaver(path + QStringLiteral(".lock"));

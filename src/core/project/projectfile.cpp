@@ -1,6 +1,7 @@
 #include "core/project/projectfile.h"
 
 #include "core/base/regularfile.h"
+#include "core/base/safewrite.h"
 #include "core/model/devicestate.h"
 #include "core/project/compression.h"
 #include "core/project/projectpaths.h"
@@ -8,7 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSaveFile>
 
 #include <cmath>
 #include <csignal>
@@ -152,28 +152,31 @@ void raiseVersion13Codes(modeCodesT &codes)
 }
 
 // Copies source whole to backup through a temporary file that replaces the
-// old backup only once the copy is complete.
+// old backup only once the copy is complete. A backup that is a symbolic link
+// is replaced by the copy, never written through: the link goes first.
 bool makeBackup(const QString &source, const QString &backup)
 {
-    if (backup.isEmpty() || !g_mayReplace(backup))
+    if (backup.isEmpty())
         return false;
     QFile in(source);
     if (!g_openRegularFile(in))
         return false;
-    QSaveFile out(backup);
-    if (!out.open(QIODevice::WriteOnly))
+    if (QFileInfo(backup).isSymLink() && !QFile::remove(backup))
         return false;
-    QByteArray chunk(1 << 20, Qt::Uninitialized);
-    for (;;) {
-        const qint64 got = in.read(chunk.data(), chunk.size());
-        if (got < 0)
-            return false;
-        if (got == 0)
-            break;
-        if (out.write(chunk.constData(), got) != got)
-            return false;
-    }
-    return out.commit();
+    const auto copy = [&in](QIODevice &out) {
+        const FileResult failed = FileResult::failure(kMsgWriteError, FileError::CannotWrite);
+        QByteArray chunk(1 << 20, Qt::Uninitialized);
+        for (;;) {
+            const qint64 got = in.read(chunk.data(), chunk.size());
+            if (got < 0)
+                return failed;
+            if (got == 0)
+                return FileResult();
+            if (out.write(chunk.constData(), got) != got)
+                return failed;
+        }
+    };
+    return g_writeFileWhole(backup, copy).ok;
 }
 
 }  // namespace
@@ -264,21 +267,13 @@ FileResult g_saveProjectFile(ChartModel &model, const QString &path, const SaveO
         return writeError;  // no lock can be made here: nor a temporary file
     }
 
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return writeError;
-    if (QFileInfo::exists(path) && !makeBackup(path, g_backupPath(path))) {
-        file.cancelWriting();
-        return writeError;
-    }
-    FileResult result = g_writeProject(model, file, options);
-    if (!result.ok) {
-        file.cancelWriting();
-        return result;
-    }
-    if (!file.commit())
-        return writeError;
-    return result;
+    // The backup is made once the new file's temporary file exists, so a
+    // folder where nothing can be written keeps the old backup too.
+    return g_writeFileWhole(path, [&](QIODevice &file) {
+        if (QFileInfo::exists(path) && !makeBackup(path, g_backupPath(path)))
+            return writeError;
+        return g_writeProject(model, file, options);
+    });
 }
 
 void g_ignoreFileSizeSignal()
