@@ -51,6 +51,8 @@ void QVChartClass::m_takeWindow(qint64 begin, qint64 end)
     m_setMinMaxAvg(chart(), begin, end);
     settings.viewBegin = begin;
     settings.viewEnd = end;
+    // Another time lies under the pointer now; the next move names its state.
+    infoLabel->clear();
 }
 
 bool QVChartClass::m_wheelStep(double x, int delta)

@@ -161,7 +161,8 @@ private:
     void m_retranslate();
     // Sets up the page printer and runs the print preview on it.
     void m_printPreview(const QString &title, const QIcon &icon, QPrinter::OutputFormat format);
-    // The visible window becomes begin..end: legend statistics, model.
+    // The visible window becomes begin..end: legend statistics, model; the
+    // state label is cleared.
     void m_takeWindow(qint64 begin, qint64 end);
     // A wheel step at pointer column x (delta > 0 zooms in); false if ignored.
     bool m_wheelStep(double x, int delta);

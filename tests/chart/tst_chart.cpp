@@ -279,10 +279,11 @@ struct Live : Widget {
         const QString name = legendNames(chart.model(), s.viewBegin, s.viewEnd).first().name;
         return timeAxisShows(s.viewBegin, s.viewEnd, 2 * pixel()) && series[series.size() - 4]->name() == name;
     }
+    QString state() { return panel.findChild<QLabel *>(QStringLiteral("infoLabel"))->text(); }
     QString hover(double x)  // the state label
     {
         mouse(QEvent::MouseMove, x, Qt::NoButton, Qt::NoButton);
-        return panel.findChild<QLabel *>(QStringLiteral("infoLabel"))->text().section(QLatin1String("<center>"), 0, 0);
+        return state().section(QLatin1String("<center>"), 0, 0);
     }
     QRgb band(double x)  // the band colour under x, wherever no line is; 0 for none
     {
@@ -857,13 +858,19 @@ private slots:
         }
     }
 
-    // The state under the pointer in vaporix mode; none at the plot's edge.
+    // The state under the pointer in vaporix mode; none at the plot's edge,
+    // none after a zoom step or a rebuild until the pointer moves again.
     void stateLabel()
     {
         Live w(true);
         QCOMPARE(w.hover(0.5), QStringLiteral("State: System running"));
         QCOMPARE(w.hover(0), QString());
         QCOMPARE(w.hover(0.1), QStringLiteral("State: Conditions OK"));
+        w.step(WheelIn, 0.1);
+        QCOMPARE(w.state(), QString());
+        QCOMPARE(w.hover(0.1), QStringLiteral("State: Conditions OK"));
+        w.box(0)->click();
+        QCOMPARE(w.state(), QString());
     }
 
     // Red below state 11, green from it; the bands follow the zoom.
