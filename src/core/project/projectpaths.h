@@ -6,7 +6,7 @@
 namespace qv {
 
 // Save asks for a name unless the path contains ".qvj" in exactly this case
-// or the file name ends in ".qvj" in any case (the name Save As gave it).
+// or the file name ends in ".qvj" in any case (as a save names it).
 bool g_needsSaveDialog(const QString &projectFile);
 // The project file for a chosen name: the name itself when it ends in ".qvj"
 // (any case), else the name with ".qvj" appended, so a project never hides
