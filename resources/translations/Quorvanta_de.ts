@@ -450,6 +450,14 @@
         <source>Save changes before closing the project?</source>
         <translation>Änderungen vor dem Schließen des Projekts speichern?</translation>
     </message>
+    <message>
+        <source>Recent Projects</source>
+        <translation>Zuletzt geöffnete Projekte</translation>
+    </message>
+    <message>
+        <source>The project could not be opened. Remove it from the list of recent projects?</source>
+        <translation>Das Projekt konnte nicht geöffnet werden. Aus der Liste der zuletzt geöffneten Projekte entfernen?</translation>
+    </message>
 </context>
 <context>
     <name>chooseDialog</name>

@@ -75,6 +75,9 @@ protected:
 
 private:
     enum class TitleKind { Form, NoProject, Noname, File };
+    enum class OpenOutcome { Opened, Refused, Failed };  // Refused: the close prompt was cancelled
+
+    OpenOutcome m_loadProject(const QString &path);
 
     void m_readSettings();
     void m_saveSettings();

@@ -40,23 +40,42 @@ void QuorvantaClass::s_newProject(bool open)
 
 void QuorvantaClass::s_openProject(QString pFile)
 {
-    if (!s_closeProject())
-        return;
-    s_newProject(true);
-    if (!chart)
-        return;
-    if (!chart->m_openProject(&pFile)) {
-        setWindowModified(false);
-        s_closeProject();
-        return;
-    }
-    s_resizeDisplay();
+    m_loadProject(pFile);
 }
 
+QuorvantaClass::OpenOutcome QuorvantaClass::m_loadProject(const QString &path)
+{
+    if (!s_closeProject())
+        return OpenOutcome::Refused;
+    s_newProject(true);
+    if (!chart)
+        return OpenOutcome::Refused;
+    QString file = path;
+    if (!chart->m_openProject(&file)) {
+        setWindowModified(false);
+        s_closeProject();
+        return OpenOutcome::Failed;
+    }
+    s_resizeDisplay();
+    return OpenOutcome::Opened;
+}
+
+// A recent project that cannot be opened (moved, deleted, damaged) may leave
+// the list once its error has been shown.
 void QuorvantaClass::s_openRecentFile(QAction *action)
 {
-    if (action)
-        s_openProject(action->data().toString());
+    if (!action)
+        return;
+    const QString path = action->data().toString();
+    if (m_loadProject(path) != OpenOutcome::Failed)
+        return;
+    const QMessageBox::StandardButton answer = qv::g_question(
+        this, tr("Recent Projects"), tr("The project could not be opened. Remove it from the list of recent projects?"),
+        QMessageBox::Yes | QMessageBox::No);
+    if (answer == QMessageBox::Yes) {
+        qv::g_removeRecentFile(recentFiles, path);
+        m_syncRecentActions();
+    }
 }
 
 bool QuorvantaClass::s_closeProject()

@@ -38,13 +38,6 @@ QString g_cliUsage()
         "Exit status: 0 done, 1 the file could not be read or written, 2 usage error.\n");
 }
 
-QString g_projectOutputName(const QString &output)
-{
-    if (output.endsWith(QLatin1String(".qvj"), Qt::CaseInsensitive))
-        return output;
-    return output + QLatin1String(".qvj");
-}
-
 bool g_cliDraws(const QString &verb)
 {
     return verb == QLatin1String("pdf") || verb == QLatin1String("png");

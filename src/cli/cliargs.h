@@ -30,9 +30,5 @@ bool g_parseCli(const QStringList &arguments, CliCommand *command, QString *erro
 QString g_cliUsage();
 // True for the verbs that draw the chart and so need the widget platform.
 bool g_cliDraws(const QString &verb);
-// The file convert writes: OUTPUT itself when its name ends in ".qvj" (any
-// case), else OUTPUT with ".qvj" appended, so a sampling file given as OUTPUT
-// by mistake is never overwritten.
-QString g_projectOutputName(const QString &output);
 
 }  // namespace qv

@@ -4,6 +4,7 @@
 #include "core/chart/chartplan.h"
 #include "gui/chart/chartbuilder.h"
 
+#include <QLabel>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QXYSeries>
 
@@ -14,6 +15,9 @@ void QVChartClass::m_displayChart(QtCharts::QChartView *view, bool forPrint)
 {
     if (!view)
         return;
+    // The state named under the pointer belongs to the chart being replaced.
+    if (view == this)
+        infoLabel->clear();
     const qv::ChartCheck check = qv::g_checkChartData(model());
     if (check != qv::ChartCheck::Drawable) {
         qv::g_installChart(view, qv::g_buildMessageChart(qv::g_coreText(qv::g_chartCheckText(check)), view->width()));

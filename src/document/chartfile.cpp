@@ -23,7 +23,7 @@ bool QVChartClass::s_saveProject()
         const QString name = qv::g_getSaveFileName(mainWindow, tr(kSaveCaption), projectDir, tr(kSaveFilter));
         if (name.isEmpty())
             return true;  // cancelled: the caller goes on as if saved
-        projectFile = name;
+        projectFile = qv::g_projectOutputName(name);
     }
     m_setWaitCursor();
     qv::ProgressSession progress(mainWindow, tr("Saving Project..."), tr(kChartData));
@@ -47,7 +47,7 @@ bool QVChartClass::s_saveProjectAs()
     const QString name = qv::g_getSaveFileName(mainWindow, tr(kSaveCaption), projectDir, tr(kSaveFilter));
     if (name.isEmpty())
         return false;
-    projectFile = name;
+    projectFile = qv::g_projectOutputName(name);
     return s_saveProject();
 }
 

@@ -16,6 +16,7 @@
 #include <QWheelEvent>
 #include <QtCharts/QAbstractAxis>
 #include <QtCharts/QChart>
+#include <QtCharts/QDateTimeAxis>
 #include <QtCharts/QXYSeries>
 
 namespace {
@@ -50,6 +51,8 @@ void QVChartClass::m_takeWindow(qint64 begin, qint64 end)
     m_setMinMaxAvg(chart(), begin, end);
     settings.viewBegin = begin;
     settings.viewEnd = end;
+    // Another time lies under the pointer now; the next move names its state.
+    infoLabel->clear();
 }
 
 bool QVChartClass::m_wheelStep(double x, int delta)
@@ -75,21 +78,31 @@ bool QVChartClass::m_wheelStep(double x, int delta)
     return true;
 }
 
-bool QVChartClass::m_dragStep(int x)
+bool QVChartClass::m_panStep(double pixels)
 {
     QtCharts::QChart *view = chart();
     if (!hasSeries(view))
         return false;
-    const QRectF area = view->plotArea();
-    const qv::PixelWindow w = qv::g_dragWindow(area.x(), area.width(), int(lastX), x, settings.rangeBegin,
-                                               settings.rangeEnd, timeAtPixel(view));
-    if (w.outcome != qv::PixelWindow::Zoom)
-        return false;  // at an edge: the drag goes on from where it stopped
+    const qv::PanWindow w = qv::g_panWindow(settings.viewBegin, settings.viewEnd, pixels, view->plotArea().width(),
+                                            settings.rangeBegin, settings.rangeEnd);
+    if (!w.moved)
+        return false;
     m_fastFrame();
     m_takeWindow(w.begin, w.end);
-    view->scroll(lastX - x, 0);
-    lastX = x;
+    // The axis takes the window itself, not a scroll by whole pixels, so that
+    // it ends exactly where the range ends.
+    for (QtCharts::QAbstractAxis *axis : view->axes(Qt::Horizontal)) {
+        if (auto *time = qobject_cast<QtCharts::QDateTimeAxis *>(axis))
+            time->setRange(QDateTime::fromMSecsSinceEpoch(w.begin), QDateTime::fromMSecsSinceEpoch(w.end));
+    }
     return true;
+}
+
+void QVChartClass::m_dragStep(int x)
+{
+    // Past an end the window stays there; dragging back moves it at once.
+    m_panStep(lastX - x);
+    lastX = x;
 }
 
 void QVChartClass::m_fastFrame()
@@ -155,6 +168,15 @@ void QVChartClass::mousePressEvent(QMouseEvent *event)
         lastX = qv::g_pointerPixel(event->localPos().x());
 }
 
+// A flick may bring its release without a move at the same place: the
+// release takes the last step.
+void QVChartClass::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && !(event->buttons() & Qt::LeftButton))
+        m_dragStep(qv::g_pointerPixel(event->localPos().x()));
+    QtCharts::QChartView::mouseReleaseEvent(event);
+}
+
 void QVChartClass::mouseMoveEvent(QMouseEvent *event)
 {
     if (event->buttons() == Qt::LeftButton) {
@@ -184,12 +206,8 @@ void QVChartClass::keyPressEvent(QKeyEvent *event)
         break;
     case Qt::Key_Left:
     case Qt::Key_Right:
-        // A tenth of the plot; near an edge the step shrinks to what is left.
-        for (int step = qMax(1, int(area.width() / 10)); step >= 1; step /= 2) {
-            lastX = centre;
-            if (m_dragStep(event->key() == Qt::Key_Left ? centre + step : centre - step))
-                break;
-        }
+        // A tenth of the plot; near an edge the window stops at it.
+        m_panStep((event->key() == Qt::Key_Left ? -0.1 : 0.1) * area.width());
         break;
     case Qt::Key_Home:
         view->zoomReset();

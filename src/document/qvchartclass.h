@@ -137,6 +137,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     // The import routine shared by the sampling formats: file dialog (when no
     // path is given), progress, core reader, rows, chart, import directory.
@@ -160,11 +161,16 @@ private:
     void m_retranslate();
     // Sets up the page printer and runs the print preview on it.
     void m_printPreview(const QString &title, const QIcon &icon, QPrinter::OutputFormat format);
-    // The visible window becomes begin..end: legend statistics, model.
+    // The visible window becomes begin..end: legend statistics, model; the
+    // state label is cleared.
     void m_takeWindow(qint64 begin, qint64 end);
     // A wheel step at pointer column x (delta > 0 zooms in); false if ignored.
     bool m_wheelStep(double x, int delta);
-    bool m_dragStep(int x);
+    // Moves the window by pixels of the plot (positive: later times), up to
+    // the ends of the range; false if it stayed.
+    bool m_panStep(double pixels);
+    // A drag from lastX to pixel x.
+    void m_dragStep(int x);
     // A wheel or drag step draws without antialiasing, so the frames keep up
     // with the pointer; the smooth picture returns when the gesture rests.
     void m_fastFrame();

@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QDirIterator>
 #include <QDragEnterEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QtTest>
@@ -243,6 +244,59 @@ private slots:
         QTEST(w->isWindowModified(), "modified");
         QTEST(!w->isVisible(), "windowClosed");
         QVERIFY(dialogs.execClasses.isEmpty());
+    }
+
+    // A listed project opened from the Recent Projects menu; gone: its file
+    // is gone by then; busy: a modified project is open (answer: to the save
+    // prompt). After a failed open the answer decides whether it stays listed.
+    void openRecent_data()
+    {
+        QTest::addColumn<bool>("gone");
+        QTest::addColumn<bool>("busy");
+        QTest::addColumn<QMessageBox::StandardButton>("answer");
+        QTest::addColumn<QStringList>("messages");
+        QTest::addColumn<bool>("listed");
+        QTest::addColumn<int>("sets");
+        const auto none = QMessageBox::NoButton;
+        // clang-format off
+        QTest::newRow("opens, nothing asked") << false << false << none << QStringList() << true << 2;
+        QTest::newRow("gone, Yes takes it off the list") << true << false << QMessageBox::Yes << texts({"error", "asked"}) << false << -1;
+        QTest::newRow("gone, No keeps it") << true << false << QMessageBox::No << texts({"error", "asked"}) << true << -1;
+        QTest::newRow("close prompt cancelled: not opened, not asked") << true << true << QMessageBox::Cancel << texts({"prompt"}) << true << 2;
+        // clang-format on
+    }
+    void openRecent()
+    {
+        QFETCH(bool, gone);
+        QFETCH(bool, busy);
+        QFETCH(QMessageBox::StandardButton, answer);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("r.qvj"));
+        QVERIFY(QFile::copy(project, path));
+        auto w = qvtest::makeWindow();
+        w->s_openProject(path);
+        busy ? w->s_projectChanged() : void(w->s_closeProject());
+        if (gone)
+            QFile::remove(path);
+        auto listed = [&]() -> QAction * {
+            for (QAction *action : w->findChild<QMenu *>(QStringLiteral("menuRecent"))->actions())
+                if (action->data().toString() == path)
+                    return action;
+            return nullptr;
+        };
+        qvtest::ScriptedDialogs dialogs;
+        if (gone && !busy)
+            dialogs.answers << QMessageBox::Ok;  // the error
+        if (answer != QMessageBox::NoButton)
+            dialogs.answers << answer;
+        listed()->trigger();
+        QTEST(messageKinds(dialogs), "messages");
+        QTEST(listed() != nullptr, "listed");
+        QTEST(openSets(*w), "sets");
+        if (messageKinds(dialogs).endsWith(QStringLiteral("asked")))  // in German, as on a first start
+            QCOMPARE(dialogs.messages.last().text,
+                     QString::fromUtf8("Das Projekt konnte nicht geöffnet werden. Aus der Liste der zuletzt "
+                                       "geöffneten Projekte entfernen?"));
     }
 
     // Files dropped on the window (the project above or files of the source

@@ -198,8 +198,10 @@ Chosen choose(const Doubles &window, const std::function<void(QTableView *, QDia
 }
 
 // An event on the chart widget and how it changes the zoom window.
-enum Event { WheelIn, WheelOut, Press, Drag, KeyPlus, KeyMinus, KeyLeft, KeyRight, KeyHome };
-enum Change { Narrower, Wider, Earlier, Later, Kept, Whole };
+enum Event { WheelIn, WheelOut, Press, Drag, Release, KeyPlus, KeyMinus, KeyLeft, KeyRight, KeyHome };
+// AtBegin, AtEnd: moved or kept exactly at the range's end, the axis too;
+// Slipped: a drag that moved without keeping the time under the pointer.
+enum Change { Narrower, Wider, Earlier, Later, Kept, Whole, AtBegin, AtEnd, Slipped };
 struct Step {
     Event event;
     double x;  // a fraction of the plot width
@@ -234,27 +236,37 @@ struct Live : Widget {
         QMouseEvent event(type, at(x), button, held, Qt::NoModifier);
         QApplication::sendEvent(chart.viewport(), &event);
     }
+    double pointer = 0.5;  // where the last mouse event was
+    double timeAt(double x) { return chart.chart()->mapToValue(at(x)).x(); }
     Change step(Event event, double x)
     {
         const qint64 begin = s.viewBegin, width0 = s.viewEnd - s.viewBegin;
-        const double px = pixel();
+        const double px = pixel(), grabbed = timeAt(pointer);
         if (event == WheelIn || event == WheelOut) {
             QWheelEvent wheel(at(x), chart.mapToGlobal(at(x).toPoint()), QPoint(),
                               QPoint(0, event == WheelIn ? 120 : -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
                               false);
             QApplication::sendEvent(chart.viewport(), &wheel);
-        } else if (event == Press || event == Drag) {
-            mouse(event == Press ? QEvent::MouseButtonPress : QEvent::MouseMove, x,
-                  event == Press ? Qt::LeftButton : Qt::NoButton, Qt::LeftButton);
+        } else if (event == Press || event == Drag || event == Release) {
+            const QEvent::Type types[] = {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseButtonRelease};
+            mouse(types[event - Press], x, event == Drag ? Qt::NoButton : Qt::LeftButton,
+                  event == Release ? Qt::NoButton : Qt::LeftButton);
+            pointer = x;
         } else {
             const Qt::Key keys[] = {Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Left, Qt::Key_Right, Qt::Key_Home};
             QTest::keyClick(&chart, keys[event - KeyPlus]);
         }
         // A drag step shows two pixels less than a wheel step: not a zoom.
         const qint64 width1 = s.viewEnd - s.viewBegin;
+        const bool exact = timeAxisShows(s.viewBegin, s.viewEnd, 0);
+        const bool slipped = (event == Drag || event == Release) && s.viewBegin != begin &&
+                             qAbs(timeAt(x) - grabbed) > 1.5 * width1 / chart.chart()->plotArea().width();
         return s.viewBegin == s.rangeBegin && s.viewEnd == s.rangeEnd ? Whole
                : width1 < width0 - 3 * px                             ? Narrower
                : width1 > width0 + 3 * px                             ? Wider
+               : exact && s.viewBegin == s.rangeBegin                 ? AtBegin
+               : exact && s.viewEnd == s.rangeEnd                     ? AtEnd
+               : slipped                                              ? Slipped
                : s.viewBegin < begin                                  ? Earlier
                : s.viewBegin > begin                                  ? Later
                                                                       : Kept;
@@ -267,10 +279,11 @@ struct Live : Widget {
         const QString name = legendNames(chart.model(), s.viewBegin, s.viewEnd).first().name;
         return timeAxisShows(s.viewBegin, s.viewEnd, 2 * pixel()) && series[series.size() - 4]->name() == name;
     }
+    QString state() { return panel.findChild<QLabel *>(QStringLiteral("infoLabel"))->text(); }
     QString hover(double x)  // the state label
     {
         mouse(QEvent::MouseMove, x, Qt::NoButton, Qt::NoButton);
-        return panel.findChild<QLabel *>(QStringLiteral("infoLabel"))->text().section(QLatin1String("<center>"), 0, 0);
+        return state().section(QLatin1String("<center>"), 0, 0);
     }
     QRgb band(double x)  // the band colour under x, wherever no line is; 0 for none
     {
@@ -589,22 +602,36 @@ private slots:
                                   fetch<int>("rangeBegin") * 1000LL, fetch<int>("rangeEnd") * 1000LL, pixelTime));
     }
 
-    // From 500 on the same plot; the range from 0.
-    void dragWindow_data()
+    // In the range 0..400 ms; a move keeps the window's width.
+    void panWindow_data()
     {
-        QTest::addColumn<int>("x");
-        QTest::addColumn<int>("rangeEnd");
-        QTest::addColumn<PixelWindow::Outcome>("outcome");
-        QTest::addColumn<int>("left");
-        QTest::addColumn<int>("right");
-        QTest::newRow("left, up to the end, shows later times") << 400 << 1099 << PixelWindow::Zoom << 101 << 1099;
-        QTest::newRow("past the end ignored") << 399 << 1099 << PixelWindow::Ignore << 0 << 0;
-        QTest::newRow("up to the begin") << 501 << 2000 << PixelWindow::Zoom << 0 << 998;
-        QTest::newRow("past the begin ignored") << 502 << 2000 << PixelWindow::Ignore << 0 << 0;
+        QTest::addColumn<qint64>("begin");
+        QTest::addColumn<qint64>("end");
+        QTest::addColumn<double>("pixels");
+        QTest::addColumn<double>("plotWidth");
+        QTest::addColumn<bool>("moved");
+        QTest::addColumn<qint64>("newBegin");
+        QTest::newRow("a tenth of the plot moves a tenth of the window")
+            << qint64(100) << qint64(300) << 100.0 << 1000.0 << true << qint64(120);
+        QTest::newRow("past the end stops exactly at it")
+            << qint64(100) << qint64(300) << 1000.0 << 1000.0 << true << qint64(200);
+        QTest::newRow("past the begin stops exactly at it")
+            << qint64(100) << qint64(300) << -1000.0 << 1000.0 << true << qint64(0);
+        QTest::newRow("at the end already stays")
+            << qint64(200) << qint64(400) << 10.0 << 1000.0 << false << qint64(200);
+        QTest::newRow("the whole range stays") << qint64(0) << qint64(400) << -10.0 << 1000.0 << false << qint64(0);
+        QTest::newRow("half a millisecond rounds away from zero")
+            << qint64(100) << qint64(300) << -2.5 << 1000.0 << true << qint64(99);
+        QTest::newRow("a plot without width stays")
+            << qint64(100) << qint64(300) << 10.0 << 0.0 << false << qint64(100);
     }
-    void dragWindow()
+    void panWindow()
     {
-        checkWindow(g_dragWindow(0, 1000, 500, fetch<int>("x"), 0, fetch<int>("rangeEnd") * 1000LL, pixelTime));
+        const qint64 begin = fetch<qint64>("begin"), end = fetch<qint64>("end");
+        const PanWindow w = g_panWindow(begin, end, fetch<double>("pixels"), fetch<double>("plotWidth"), 0, 400);
+        QCOMPARE(w.moved, fetch<bool>("moved"));
+        QCOMPARE(w.begin, fetch<qint64>("newBegin"));
+        QCOMPARE(w.end - w.begin, end - begin);
     }
 
     void stateIndex_data()
@@ -809,12 +836,16 @@ private slots:
         QTest::newRow("wheel in and out; out on the whole range keeps it")
             << QVector<Step>{{WheelIn, 0.5, Narrower}, {WheelIn, 0.1, Narrower}, {WheelOut, 0.5, Wider},
                              {WheelOut, 0.5, Wider},   {WheelOut, 0.5, Whole},   {WheelOut, 0.5, Whole}};
-        QTest::newRow("drag stops at the edges, back at once") << QVector<Step>{
-            {WheelIn, 0.5, Narrower}, {WheelIn, 0.5, Narrower}, {Press, 0.5, Kept},  {Drag, 0.52, Earlier},
-            {Drag, 0.9, Kept},        {Drag, 0.5, Later},       {Drag, 0.48, Later}, {Drag, 0.1, Kept}};
-        QTest::newRow("keys zoom, pan and show the range") << QVector<Step>{
-            {KeyPlus, 0, Narrower}, {KeyPlus, 0, Narrower}, {KeyLeft, 0, Earlier}, {KeyRight, 0, Later},
-            {KeyRight, 0, Later},   {KeyMinus, 0, Wider},   {KeyHome, 0, Whole}};
+        QTest::newRow("drag stops exactly at the ends, back at once") << QVector<Step>{
+            {WheelIn, 0.5, Narrower}, {WheelIn, 0.5, Narrower}, {Press, 0.5, Kept}, {Drag, 0.52, Earlier},
+            {Drag, 0.9, AtBegin},     {Drag, 0.95, AtBegin},    {Drag, 0.9, Later}, {Drag, 0.5, AtEnd},
+            {Drag, 0.4, AtEnd},       {Drag, 0.45, Earlier}};
+        QTest::newRow("a flick pans from press to release") << QVector<Step>{
+            {WheelIn, 0.5, Narrower}, {WheelIn, 0.5, Narrower}, {Press, 0.5, Kept},      {Release, 0.47, Later},
+            {Press, 0.5, Kept},       {Drag, 0.52, Earlier},    {Release, 0.55, Earlier}};
+        QTest::newRow("keys zoom, pan up to the ends and show the range") << QVector<Step>{
+            {KeyPlus, 0, Narrower}, {KeyPlus, 0, Narrower}, {KeyLeft, 0, AtBegin}, {KeyRight, 0, Later},
+            {KeyRight, 0, AtEnd},   {KeyRight, 0, AtEnd},   {KeyMinus, 0, Wider},  {KeyHome, 0, Whole}};
     }
     void zoomSteps()
     {
@@ -827,13 +858,19 @@ private slots:
         }
     }
 
-    // The state under the pointer in vaporix mode; none at the plot's edge.
+    // The state under the pointer in vaporix mode; none at the plot's edge,
+    // none after a zoom step or a rebuild until the pointer moves again.
     void stateLabel()
     {
         Live w(true);
         QCOMPARE(w.hover(0.5), QStringLiteral("State: System running"));
         QCOMPARE(w.hover(0), QString());
         QCOMPARE(w.hover(0.1), QStringLiteral("State: Conditions OK"));
+        w.step(WheelIn, 0.1);
+        QCOMPARE(w.state(), QString());
+        QCOMPARE(w.hover(0.1), QStringLiteral("State: Conditions OK"));
+        w.box(0)->click();
+        QCOMPARE(w.state(), QString());
     }
 
     // Red below state 11, green from it; the bands follow the zoom.

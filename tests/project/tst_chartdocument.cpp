@@ -110,10 +110,12 @@ private slots:
         QTest::addColumn<QString>("expected");
         QTest::newRow("in place") << "a.qvj" << QStringList() << false << "1 asked 0 | #/a.qvj | #/a.qvj|# |  | a.qvj | again 0";
         QTest::newRow("new project, cancelled") << "" << QStringList() << false << "1 asked 1 in /start |  |  |  |  | again 2";
-        QTest::newRow("upper-case extension asks") << "run.QVJ" << QStringList{QStringLiteral("run2.qvj")} << false << "1 asked 1 in # | #/run2.qvj | #/run2.qvj|# |  | run.QVJ run2.qvj | again 1";
+        QTest::newRow("upper-case extension saves in place") << "run.QVJ" << QStringList() << false << "1 asked 0 | #/run.QVJ | #/run.QVJ|# |  | run.QVJ | again 0";
         QTest::newRow("save as") << "a.qvj" << QStringList{QStringLiteral("b.qvj")} << true << "1 asked 1 in # | #/b.qvj | #/b.qvj|# |  | a.qvj b.qvj | again 1";
         QTest::newRow("save as, cancelled") << "a.qvj" << QStringList() << true << "0 asked 1 in # | #/a.qvj |  |  | a.qvj | again 1";
-        QTest::newRow("save as without .qvj asks again, saves as typed") << "" << QStringList{QStringLiteral("plain"), QStringLiteral("plain")} << true << "1 asked 2 in /start | #/plain | #/plain|# |  | plain | again 3";
+        QTest::newRow("save as without .qvj adds it") << "" << QStringList{QStringLiteral("plain")} << true << "1 asked 1 in /start | #/plain.qvj | #/plain.qvj|# |  | plain.qvj | again 1";
+        QTest::newRow("first save without .qvj adds it") << "" << QStringList{QStringLiteral("plain")} << false << "1 asked 1 in /start | #/plain.qvj | #/plain.qvj|# |  | plain.qvj | again 1";
+        QTest::newRow("save as keeps an upper-case .QVJ") << "a.qvj" << QStringList{QStringLiteral("b.QVJ")} << true << "1 asked 1 in # | #/b.QVJ | #/b.QVJ|# |  | a.qvj b.QVJ | again 1";
         QTest::newRow("failure keeps the name, tries it again without asking") << "" << QStringList{QStringLiteral("missing/x.qvj")} << false << "0 asked 1 in /start | #/missing/x.qvj |  | 3 Quorvanta Error|Error while writing file! |  | again 1";
         // clang-format on
     }

@@ -66,15 +66,19 @@ PixelWindow g_wheelWindow(double plotX, double plotWidth, double pointerX, int d
     return w;
 }
 
-PixelWindow g_dragWindow(double plotX, double plotWidth, int lastX, int x, qint64 rangeBegin, qint64 rangeEnd,
-                         const PixelToTime &timeAt)
+PanWindow g_panWindow(qint64 begin, qint64 end, double pixels, double plotWidth, qint64 rangeBegin, qint64 rangeEnd)
 {
-    PixelWindow w;
-    w.left = int(plotX) + lastX - x + 1;
-    w.right = int(plotX + plotWidth) - 1 + lastX - x;
-    w.begin = timeAt(w.left);
-    w.end = timeAt(w.right);
-    w.outcome = w.end > rangeEnd || w.begin < rangeBegin ? PixelWindow::Ignore : PixelWindow::Zoom;
+    PanWindow w;
+    w.begin = begin;
+    w.end = end;
+    if (!(plotWidth > 0) || end - begin >= rangeEnd - rangeBegin)
+        return w;
+    // Time stamps are whole milliseconds far below 2^53, exact as doubles.
+    const double shift = pixels * double(end - begin) / plotWidth;
+    const qint64 step = std::llround(qBound(double(rangeBegin) - double(begin), shift, double(rangeEnd) - double(end)));
+    w.moved = step != 0;
+    w.begin += step;
+    w.end += step;
     return w;
 }
 

@@ -1,6 +1,6 @@
 // The exact rules of the living chart, without a window: the time window
-// after a wheel step or a drag step (in pixels of the plot area, mapped to
-// time by the caller's chart), the state under the pointer, and the spike of
+// after a wheel step (in pixels of the plot area, mapped to time by the
+// caller's chart) or a pan step, the state under the pointer, and the spike of
 // the hover callout.
 #pragma once
 
@@ -31,10 +31,16 @@ struct PixelWindow {
 PixelWindow g_wheelWindow(double plotX, double plotWidth, double pointerX, int delta, qint64 rangeBegin,
                           qint64 rangeEnd, const PixelToTime &timeAt);
 
-// One drag step from pixel lastX to pixel x: Zoom, or Ignore where the window
-// would leave rangeBegin..rangeEnd.
-PixelWindow g_dragWindow(double plotX, double plotWidth, int lastX, int x, qint64 rangeBegin, qint64 rangeEnd,
-                         const PixelToTime &timeAt);
+// The window begin..end moved by `pixels` of a plot plotWidth wide (positive:
+// toward later times) and kept inside rangeBegin..rangeEnd: a step that would
+// pass an end stops with the window exactly at that end. moved is false when
+// the window stays where it is (at that end already, or as wide as the range).
+struct PanWindow {
+    bool moved = false;
+    qint64 begin = 0;
+    qint64 end = 0;
+};
+PanWindow g_panWindow(qint64 begin, qint64 end, double pixels, double plotWidth, qint64 rangeBegin, qint64 rangeEnd);
 
 // A pointer coordinate to a whole pixel, halves away from zero.
 int g_pointerPixel(double x);

@@ -4,7 +4,14 @@ namespace qv {
 
 bool g_needsSaveDialog(const QString &projectFile)
 {
-    return !projectFile.contains(QLatin1String(".qvj"), Qt::CaseSensitive);
+    const QLatin1String extension(".qvj");
+    return !projectFile.contains(extension, Qt::CaseSensitive) && !projectFile.endsWith(extension, Qt::CaseInsensitive);
+}
+
+QString g_projectOutputName(const QString &output)
+{
+    const QLatin1String extension(".qvj");
+    return output.endsWith(extension, Qt::CaseInsensitive) ? output : output + extension;
 }
 
 QString g_backupPath(const QString &projectFile)

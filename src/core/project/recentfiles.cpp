@@ -10,6 +10,11 @@ void g_addRecentFile(QStringList &recentFiles, const QString &path)
     recentFiles.prepend(path);
 }
 
+void g_removeRecentFile(QStringList &recentFiles, const QString &path)
+{
+    recentFiles.removeAll(path);
+}
+
 QString g_titlePath(const QString &path)
 {
     if (path.size() < 81)
