@@ -55,6 +55,9 @@ void QVChartClass::s_printDocument(QPrinter *printer)
         progress->m_setProgress(main);
         progress->m_setDetailProgress(detail);
     });
+    // Hidden at once: the preview asks for its page inside its own event
+    // loop, and the deferred deletion would only run once the preview closes.
+    progress->hide();
     progress->deleteLater();
     m_restoreCursor();
     // The print build released this widget's state-band lines: draw the

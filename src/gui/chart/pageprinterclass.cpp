@@ -6,6 +6,7 @@
 #include "gui/chart/chartbuilder.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QImage>
 #include <QPageLayout>
 #include <QPageSize>
@@ -105,9 +106,18 @@ void PagePrinterClass::m_paint(QPainter &painter, int width, int height, const P
         painter.setFont(font);
         painter.setPen(Qt::black);
         painter.setBrush(QBrush(Qt::black, Qt::SolidPattern));
+        // A label longer in this language than the layout's label width
+        // pushes the values of its column right, so no label runs into its
+        // value.
+        QHash<int, int> valueX;
+        const int gap = 2 * painter.fontMetrics().horizontalAdvance(QLatin1Char(' '));
+        for (const PageBandEntry &entry : band) {
+            const int labelEnd = entry.labelX + painter.fontMetrics().horizontalAdvance(g_coreText(entry.label)) + gap;
+            valueX[entry.labelX] = qMax(valueX.value(entry.labelX, entry.valueX), labelEnd);
+        }
         for (const PageBandEntry &entry : band) {
             painter.drawText(entry.labelX, entry.y, g_coreText(entry.label));
-            painter.drawText(entry.valueX, entry.y, entry.value);
+            painter.drawText(valueX.value(entry.labelX), entry.y, entry.value);
         }
     }
     painter.restore();
