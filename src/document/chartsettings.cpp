@@ -13,6 +13,9 @@
 
 bool QVChartClass::m_runSettingsDialog(QDialog *dialog, const settingsT &edited, const std::function<void()> &apply)
 {
+    // Modal to the main window only, so that the help window its Help button
+    // opens (a window of its own) takes clicks, wheel and keys beside it.
+    dialog->setWindowModality(Qt::WindowModal);
     const bool accepted = qv::g_execDialog(*dialog) == QDialog::Accepted;
     if (accepted) {
         std::memcpy(&settings, &edited, sizeof(settingsT));
