@@ -3,7 +3,10 @@
 // in UTC and in Europe/Berlin: the importer into a fresh model (as the
 // desktop program and the command-line tool import) and into a reused one,
 // against the straightforward readLine + split + QDateTime::fromString +
-// toDouble import, whose times and values must be the same.
+// toDouble import, whose times and values must be the same. In Europe/Berlin
+// once more with Yes to reading the clock as standard time, which moves the
+// times read before the skipped hour; its times must be one minute apart
+// throughout.
 #include "benchutil.h"
 
 #include "core/import/controllercsv.h"
@@ -97,9 +100,10 @@ struct Timing {
 };
 
 // Best of `runs` imports; false when one fails.
-bool timeImports(const QString &path, int runs, bool freshModel, std::unique_ptr<qv::ChartModel> &model, Timing *best)
+bool timeImports(const QString &path, int runs, bool freshModel, bool standardTime,
+                 std::unique_ptr<qv::ChartModel> &model, Timing *best)
 {
-    qv::FixedAnswerHost host(false);
+    qv::FixedAnswerHost host(standardTime);
     for (int run = 0; run < runs; ++run) {
         qv::FileResult result;
         if (freshModel)
@@ -137,6 +141,17 @@ bool sameStores(const qv::ChartModel &plain, const qv::ChartModel &model, int ro
     return true;
 }
 
+// The times of a clock read as standard time: one minute apart from the first to the last.
+bool minuteApart(const qv::ChartModel &model, int rows)
+{
+    const _chartDataType &d = *model.data(0);
+    for (int k = 1; k < rows; ++k) {
+        if (d.time[k] - d.time[k - 1] != 60000)
+            return false;
+    }
+    return model.clockReading == qv::ClockReading::StandardTime;
+}
+
 }  // namespace
 
 int main(int argc, char *argv[])
@@ -154,14 +169,24 @@ int main(int argc, char *argv[])
     std::printf("file: %d rows x %d values, %.1f MB\n", kRows, kSets, double(out.size()) / 1e6);
 
     bool allSame = true;
-    for (const char *zone : {"UTC", "Europe/Berlin"}) {
+    for (const char *zone : {"UTC", "Europe/Berlin", "Europe/Berlin as standard time"}) {
+        const bool standardTime = std::strstr(zone, "standard") != nullptr;
         // QDateTime asks the C library, which reads TZ again after tzset().
-        qputenv("TZ", zone);
+        qputenv("TZ", QByteArray(zone).left(13));
         tzset();
         std::unique_ptr<qv::ChartModel> model;
         Timing fresh, reused;
-        if (!timeImports(path, 5, true, model, &fresh) || !timeImports(path, 3, false, model, &reused))
+        if (!timeImports(path, 5, true, standardTime, model, &fresh) ||
+            !timeImports(path, 3, false, standardTime, model, &reused))
             return 1;
+        if (standardTime) {
+            const bool steady = minuteApart(*model, kRows);
+            allSame = allSame && steady;
+            std::printf("%s: importer %.3f s (processor %.3f s) into a fresh model, best of 5; %.3f s (processor "
+                        "%.3f s) into a reused one, best of 3; one minute apart throughout: %s\n",
+                        zone, fresh.wall, fresh.cpu, reused.wall, reused.cpu, steady ? "yes" : "NO");
+            continue;
+        }
         auto plain = std::make_unique<qv::ChartModel>();
         int plainRows = 0;
         const double plainTime = qvbench::seconds([&] { plainRows = straightforwardImport(path, *plain); });

@@ -786,6 +786,14 @@ importieren</translation>
         <translation>Die Datei scheint Teil einer vaporix-Aufzeichnung zu sein. Sollen die Zustands- und Einstellungsdaten ebenfalls geladen werden?</translation>
     </message>
     <message>
+        <source>This recording&apos;s clock does not switch to summer time. Read all of its times as standard time (UTC%1)?</source>
+        <translation>Die Uhr dieser Aufzeichnung stellt nicht auf Sommerzeit um. Alle Zeiten als Normalzeit (UTC%1) lesen?</translation>
+    </message>
+    <message>
+        <source>Times read as standard time (UTC%1) all year.</source>
+        <translation>Zeiten ganzjährig als Normalzeit (UTC%1) gelesen.</translation>
+    </message>
+    <message>
         <source>Error in CSV title line 1 !</source>
         <translation>Fehler in CSV-Titelzeile 1 !</translation>
     </message>

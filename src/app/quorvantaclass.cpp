@@ -2,7 +2,9 @@
 
 #include "app/aboutdialogclass.h"
 #include "app/startscreenclass.h"
+#include "core/base/coretexts.h"
 #include "core/chart/displaysize.h"
+#include "core/import/controllersteps.h"
 #include "core/project/recentfiles.h"
 #include "document/qvchartclass.h"
 #include "gui/help/helpwindowclass.h"
@@ -12,6 +14,7 @@
 
 #include <QActionGroup>
 #include <QCloseEvent>
+#include <QLabel>
 #include <QTranslator>
 
 QuorvantaClass::QuorvantaClass(const QString &appDir, QWidget *parent, bool showStartScreen)
@@ -125,6 +128,23 @@ void QuorvantaClass::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
     s_resizeDisplay();
+}
+
+// The status bar says, while the project is open, that its recording was read
+// as standard time; it is hidden otherwise.
+void QuorvantaClass::m_showClockReading()
+{
+    QString text;
+    if (chart && chart->model().clockReading == qv::ClockReading::StandardTime)
+        text = qv::g_coreText(qv::kTextStandardTime).arg(qv::g_utcOffsetText(chart->model().standardOffset));
+    if (!clockLabel && !text.isEmpty()) {
+        clockLabel = new QLabel(ui->statusBar);
+        clockLabel->setObjectName(QStringLiteral("clockLabel"));
+        ui->statusBar->addWidget(clockLabel, 1);
+    }
+    if (clockLabel)
+        clockLabel->setText(text);
+    ui->statusBar->setVisible(!text.isEmpty());
 }
 
 void QuorvantaClass::m_setTitle(TitleKind kind, const QString &path)

@@ -17,6 +17,7 @@
 class HelpWindowClass;
 class QAction;
 class QActionGroup;
+class QLabel;
 class QTimer;
 class QTranslator;
 class QVChartClass;
@@ -87,6 +88,7 @@ private:
     void m_connectChart();
     void m_syncRecentActions();
     void m_setTitle(TitleKind kind, const QString &path = QString());
+    void m_showClockReading();
     void m_retranslate();
     void m_removeTranslators();
 
@@ -113,4 +115,5 @@ private:
 
     TitleKind titleKind = TitleKind::Form;
     QString titlePath;
+    QLabel *clockLabel = nullptr;  // in the status bar, shown for a recording read as standard time
 };

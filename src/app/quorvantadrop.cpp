@@ -46,6 +46,7 @@ bool QuorvantaClass::m_openFile(const QString &path)
         s_closeProject();
         return true;
     }
+    m_showClockReading();
     s_resizeDisplay();
     return true;
 }

@@ -35,6 +35,7 @@ void QuorvantaClass::s_newProject(bool open)
     }
     ui->scrollArea->setWidget(chart);
     m_enableProjectActions(true);
+    m_showClockReading();
     s_resizeDisplay();
 }
 
@@ -98,6 +99,7 @@ bool QuorvantaClass::s_closeProject()
     delete chart;
     chart = nullptr;
     m_enableProjectActions(false);
+    m_showClockReading();
     m_setTitle(TitleKind::NoProject);
     setWindowModified(false);
     return true;

@@ -1,5 +1,6 @@
 #include "infoprinter.h"
 
+#include "core/import/controllersteps.h"
 #include "core/model/fixedstring.h"
 #include "core/project/modelsummary.h"
 
@@ -51,6 +52,14 @@ QString axisText(quint32 flags)
     return (flags & kLineAxisRight) ? QStringLiteral("axis right") : QStringLiteral("axis left");
 }
 
+// How an import read the recording's local times.
+QString clockText(const ChartModel &model)
+{
+    return model.clockReading == ClockReading::StandardTime
+               ? QStringLiteral("standard time all year (UTC%1)").arg(g_utcOffsetText(model.standardOffset))
+               : QStringLiteral("local time");
+}
+
 }  // namespace
 
 QString g_infoText(const ChartModel &model, const QString &fileName)
@@ -82,6 +91,8 @@ QString g_infoText(const ChartModel &model, const QString &fileName)
                              .arg(g_sampleCount(model.modeCodes()->count))
                              .arg((s.flags & kFlagShowModeTrack) ? QStringLiteral("shown") : QStringLiteral("hidden"))
                        : QStringLiteral("no"));
+    if (model.clockReading != ClockReading::NotRead)
+        line(QStringLiteral("Clock:"), clockText(model));
     for (int i = 0; i < model.usedDataSets(); ++i) {
         const _chartDataType &d = *model.data(i);
         const int dec = s.decimals[i];
@@ -133,6 +144,8 @@ QString g_infoJson(const ChartModel &model, const QString &fileName)
     root[QStringLiteral("rangeSampleCount")] = s.rangeSampleCount;
     root[QStringLiteral("sampleInterval")] = s.sampleInterval;
     root[QStringLiteral("hasModeData")] = s.hasModeData;
+    if (model.clockReading != ClockReading::NotRead)
+        root[QStringLiteral("clock")] = clockText(model);
 
     QJsonArray sets;
     for (int i = 0; i < model.usedDataSets(); ++i) {

@@ -14,9 +14,11 @@
 #include <QAction>
 #include <QDirIterator>
 #include <QDragEnterEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QRegularExpression>
+#include <QStatusBar>
 #include <QtTest>
 
 using namespace qv;
@@ -351,6 +353,28 @@ private slots:
         QTEST(openSets(*w), "sets");
         QTEST(w->isWindowModified(), "modified");
         QVERIFY(dialogs.execClasses.isEmpty());
+    }
+
+    // A recording read as standard time says so in the status bar (in German, the
+    // window's first language) while it is open.
+    void standardTimeStatus()
+    {
+        const QByteArray zone = qgetenv("TZ");
+        qputenv("TZ", "Europe/Berlin");  // where 31.03.2024 02:30 does not exist
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("spring.csv"));
+        QVERIFY(qvtest::writeFile(path, "K\nZeit;A\n31.03.2024 01:30:00;1\n31.03.2024 02:30:00;2\n"));
+        auto w = qvtest::makeWindow();
+        qvtest::ScriptedDialogs dialogs;
+        dialogs.answers << QMessageBox::Yes << QMessageBox::No;  // standard time; do not save on close
+        QVERIFY(w->m_openFile(path));
+        const QWidget *bar = w->findChild<QStatusBar *>();
+        const QString shown =
+            bar->isVisibleTo(w.get()) ? w->findChild<QLabel *>(QStringLiteral("clockLabel"))->text() : QString();
+        QVERIFY(w->s_closeProject());
+        qputenv("TZ", zone);
+        QCOMPARE(shown, QString::fromUtf8("Zeiten ganzj\u00e4hrig als Normalzeit (UTC+01:00) gelesen."));
+        QVERIFY(!bar->isVisibleTo(w.get()));
     }
 
     // Every ":/new/prefix1/resources/..." named in the sources and forms is built

@@ -115,6 +115,8 @@ class TestCli : public QObject
         QVERIFY(QFile::link(QStringLiteral("in.qvj"), QStringLiteral("link.qvj")));
         QCOMPARE(::link("in.qvj", "hard.qvj"), 0);
         QVERIFY(qvtest::writeFile(QStringLiteral("data.csv"), "Datum;Zeit\n"));
+        QVERIFY(qvtest::writeFile(QStringLiteral("spring.csv"),
+                                  "K\nZeit;A\n31.03.2024 01:30:00;1\n31.03.2024 02:30:00;2\n"));
         QVERIFY(qvtest::writeFile(QStringLiteral("bad.csv"), "K\nZeit;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;17\n"));
         QCOMPARE(::mkfifo("pipe.pdf", 0600), 0);  // no reader: opening it for writing would block
         const QStringList names = QDir().entryList(QDir::Files);
@@ -266,6 +268,30 @@ private slots:
         QCOMPARE(lastRun.out.isEmpty(), !written.isEmpty());
         QV_COMPARE_BYTES(written.isEmpty() ? lastRun.out : qvtest::readFile(written),
                          qvtest::readFile(kData + QStringLiteral("project/") + expected));
+    }
+
+    // A time the local clock skips asks once; info says how the times were read.
+    void clock_data()
+    {
+        // clang-format off
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("expected");  // the clock line of the text, or the field of the JSON
+        QTest::newRow("Yes: standard time") << args({"info", "--yes", "spring.csv"}) << "Clock:        standard time all year (UTC+01:00)";
+        QTest::newRow("No: local time") << args({"info", "--no", "spring.csv"}) << "Clock:        local time";
+        QTest::newRow("json") << args({"info", "--json", "--yes", "spring.csv"}) << "\"clock\": \"standard time all year (UTC+01:00)\",";
+        // clang-format on
+    }
+
+    void clock()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, expected);
+        run(arguments);
+        QCOMPARE(lastRun.exitCode, 0);
+        QCOMPARE(lastRun.err.count("does not switch to summer time"), 1);
+        const QString out = QString::fromUtf8(lastRun.out);
+        const int at = out.indexOf(expected.left(7));
+        QCOMPARE(out.mid(at, out.indexOf(QLatin1Char('\n'), at) - at).trimmed(), expected);
     }
 
     void notRegular_data()

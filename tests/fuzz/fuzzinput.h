@@ -62,11 +62,12 @@ inline void checkFresh(qv::ChartModel &model)
 {
     settingsT fresh;
     qv::g_initSettings(fresh, model.settings.changedTime);
-    bool same =
-        std::memcmp(&fresh, &model.settings, sizeof fresh) == 0 &&
-        allZero(model.displayData(), sizeof(_chartDataType)) && allZero(model.modeCodes(), sizeof(modeCodesT)) &&
-        allZero(model.displayModeCodes(), sizeof(modeCodesT)) &&
-        allZero(model.modeParameters(), sizeof(modeParametersT)) && !model.modeBoxVisible && !model.modeBoxChecked;
+    bool same = std::memcmp(&fresh, &model.settings, sizeof fresh) == 0 &&
+                allZero(model.displayData(), sizeof(_chartDataType)) &&
+                allZero(model.modeCodes(), sizeof(modeCodesT)) &&
+                allZero(model.displayModeCodes(), sizeof(modeCodesT)) &&
+                allZero(model.modeParameters(), sizeof(modeParametersT)) && !model.modeBoxVisible &&
+                !model.modeBoxChecked && model.clockReading == qv::ClockReading::NotRead && model.standardOffset == 0;
     for (int i = 0; i < qv::kMaxDataSets; ++i)
         same = same && allZero(model.data(i), sizeof(_chartDataType)) && !model.row[i].enabled && !model.row[i].checked;
     if (!same) {

@@ -241,6 +241,8 @@ private slots:
         // The first state entry may lie half a sample interval (60 s) from the first row.
         QTest::newRow("state 30 s late") << upper << with(1, state + "01.03.2021 10:00:30;0;1;200;0;0\n") << true << QByteArray("rm") << QByteArray("ok modes=1VC flags=3 [11]");
         QTest::newRow("state 31 s late") << upper << with(1, state + "01.03.2021 10:00:31;0;1;200;0;0\n") << true << QByteArray("rm") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 []");
+        // A clock without summer time, Yes: the state log's start is read as standard time too.
+        QTest::newRow("skipped hour, Yes") << upper << QByteArrayList{dataFile("controllercsv/sensor-set/S_TS01.CSV").replace("01.03.2021 10:0", "31.03.2024 02:0"), dataFile("controllercsv/sensor-set/S_TS02.CSV").replace("01.03.2021 10:0", "31.03.2024 02:0"), QByteArray(), QByteArray()} << true << QByteArray("rgmq") << QByteArray("ok 31.03.2024 03:00:00..31.03.2024 03:04:00 iv=60 n=5 modes=1VC flags=3 [3 1 11 7 7 2] q2w0");
         QTest::newRow("state 31 s early") << upper << with(1, state + "01.03.2021 09:59:29;0;1;200;0;0\n") << true << QByteArray("rm") << QByteArray("Error while loading additional vaporix files! modes=0 flags=1 []");
         // clang-format on
     }
@@ -561,8 +563,6 @@ private slots:
         QTest::newRow("interval backwards") << data({line("01.02.2021;10:05", v, "OPTIMAL   "), ok}) << QByteArray("g") << QByteArray("01.02.2021 10:05:00..01.02.2021 10:00:00 iv=-300 n=0");
         QTest::newRow("interval: same minute keeps the header") << data({ok, ok}) << QByteArray("g") << QByteArray("01.02.2021 10:00:00..01.02.2021 10:00:00 iv=600 n=2");
         QTest::newRow("interval: invalid time means midnight") << data({line("01.02.2021;24:00", v, "OPTIMAL   "), ok}) << QByteArray("g") << QByteArray("01.02.2021 00:00:00..01.02.2021 10:00:00 iv=36000 n=2");
-        QTest::newRow("interval: skipped local hour") << data({line("28.03.2021;00:30", v, "OPTIMAL   "), line("28.03.2021;02:30", v, "OPTIMAL   ")})
-                                                      << QByteArray("g") << QByteArray("28.03.2021 00:30:00..28.03.2021 01:30:00 iv=3600 n=2");
         // Inside limits: temperature -10..50, relative 5..100, absolute 0.5..50;
         // outside temperature from -40. A bad value takes its group of three.
         const QByteArray inside = "v[20.5 -|65 -|9.8 -|5 5|80 80|4.5 4.5]", outside = "v[20.5 20.5|65 65|9.8 9.8|5 -|80 -|4.5 -]";
@@ -589,6 +589,50 @@ private slots:
         QCOMPARE(importBytes(Kind::Vis, file).summary(parts.constData()), expected);
     }
 
+    // A clock without summer time (TZ=Europe/Berlin): a time the local clock
+    // skips asks once; Yes reads every time of the file with the standard
+    // offset, No as local time. A file without such a time is not asked about.
+    void standardTime_data()
+    {
+        // clang-format off
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QByteArrayList>("stamps");  // "dd.MM.yyyy hh:mm", one row each
+        QTest::addColumn<bool>("answer");
+        QTest::addColumn<QByteArray>("expected");   // result, times of store 0, questions
+        const QByteArrayList spring{"31.03.2024 01:30", "31.03.2024 02:00", "31.03.2024 02:30", "31.03.2024 03:00"};
+        const QByteArrayList autumn{"27.10.2024 01:30", "27.10.2024 02:00", "27.10.2024 02:30", "27.10.2024 03:00"};
+        QTest::newRow("csv spring, Yes") << int(Kind::Csv) << spring << true << QByteArray("ok x[31.03.2024 01:30:00 +1800 +1800 +1800] 31.03.2024 01:30:00..31.03.2024 04:00:00 iv=1800 n=4 q1w0");
+        QTest::newRow("csv spring, No") << int(Kind::Csv) << spring << false << QByteArray("ok x[31.03.2024 01:30:00 +-1711848600 +0 +1711850400] 31.03.2024 01:30:00..31.03.2024 03:00:00 iv=1711850400 n=2 q1w0");
+        QTest::newRow("vis spring, Yes") << int(Kind::Vis) << spring << true << QByteArray("ok x[31.03.2024 01:30:00 +1800 +1800 +1800] 31.03.2024 01:30:00..31.03.2024 04:00:00 iv=1800 n=4 q1w0");
+        QTest::newRow("vis spring, No") << int(Kind::Vis) << spring << false << QByteArray("ok x[31.03.2024 01:30:00 +-1800 +1800 +1800] 31.03.2024 01:30:00..31.03.2024 03:00:00 iv=-1800 n=3 q1w0");
+        QTest::newRow("csv autumn: nothing asked") << int(Kind::Csv) << autumn << true << QByteArray("ok x[27.10.2024 01:30:00 +1800 +1800 +5400] 27.10.2024 01:30:00..27.10.2024 03:00:00 iv=5400 n=4 q0w0");
+        QTest::newRow("vis autumn: nothing asked") << int(Kind::Vis) << autumn << true << QByteArray("ok x[27.10.2024 01:30:00 +1800 +1800 +5400] 27.10.2024 01:30:00..27.10.2024 03:00:00 iv=1800 n=4 q0w0");
+        // The autumn night before the skipped time: moved to standard time too.
+        const QByteArrayList autumnFirst = QByteArrayList{"29.10.2023 01:30", "29.10.2023 02:00", "29.10.2023 02:30", "29.10.2023 03:00", "31.03.2024 02:30"};
+        QTest::newRow("csv autumn, then a skipped time, Yes") << int(Kind::Csv) << autumnFirst << true << QByteArray("ok x[29.10.2023 02:30:00 +1800 +1800 +1800 +13303800] 29.10.2023 02:30:00..31.03.2024 03:30:00 iv=1800 n=5 q1w0");
+        QTest::newRow("csv autumn, then a skipped time, No") << int(Kind::Csv) << autumnFirst << false << QByteArray("ok x[29.10.2023 01:30:00 +1800 +1800 +5400 +-1698548400] 29.10.2023 01:30:00..01.01.1970 00:00:00 iv=5400 n=0 q1w0");
+        QTest::newRow("vis autumn, then a skipped time, Yes") << int(Kind::Vis) << autumnFirst << true << QByteArray("ok x[29.10.2023 02:30:00 +1800 +1800 +1800 +13303800] 29.10.2023 02:30:00..31.03.2024 03:30:00 iv=1800 n=5 q1w0");
+        // clang-format on
+    }
+
+    void standardTime()
+    {
+        QFETCH(int, kind);
+        QFETCH(QByteArrayList, stamps);
+        QFETCH(bool, answer);
+        QFETCH(QByteArray, expected);
+        const bool csv = kind == int(Kind::Csv);
+        QByteArray file = csv ? QByteArray("K\nZeit;A;B\n") : visWith(0);
+        for (const QByteArray &stamp : qAsConst(stamps))
+            file += csv ? QByteArray(stamp + ":00;1;2\n")
+                        : QByteArray(QByteArray(stamp).replace(' ', ';') + ";20.5;65;9.8;5.0;80;4.5;OPTIMAL   \n");
+        const ImportRun run = importBytes(Kind(kind), file, answer);
+        QCOMPARE(run.summary("rxgq"), expected);
+        const _chartDataType &first = *run.model->data(0);
+        for (int i = 1; i < run.model->usedDataSets(); ++i)  // every data set has the times of set 0
+            QVERIFY(std::equal(first.time, first.time + first.count, run.model->data(i)->time));
+    }
+
     // A full store, and one row more: the rows stop at the store's end, with one
     // warning (the vaporix-VIS import warns already when the store is full).
     void storeLimit_data()
@@ -600,8 +644,8 @@ private slots:
         QTest::newRow("csv 262144") << int(Kind::Csv) << kMaxSamples << QByteArray("ok q0w0 262144 143 2021-01-04T00:49:03 0");
         QTest::newRow("csv 262145") << int(Kind::Csv) << kMaxSamples + 1 << QByteArray("ok q0w1 262144 143 2021-01-04T00:49:03 0");
         QTest::newRow("log 262145") << int(Kind::Log) << kMaxSamples + 1 << QByteArray("ok q0w1 262144 262143 2021-03-14T15:29:40 0");
-        QTest::newRow("vis 262143") << int(Kind::Vis) << kMaxSamples - 1 << QByteArray("ok q0w0 262143 42 2019-07-02T01:02:00 262143");
-        QTest::newRow("vis 262144") << int(Kind::Vis) << kMaxSamples << QByteArray("ok q0w1 262144 43 2019-07-02T01:03:00 262144");
+        QTest::newRow("vis 262143") << int(Kind::Vis) << kMaxSamples - 1 << QByteArray("ok q1w0 262143 42 2019-07-02T02:02:00 262143");
+        QTest::newRow("vis 262144") << int(Kind::Vis) << kMaxSamples << QByteArray("ok q1w1 262144 43 2019-07-02T02:03:00 262144");
         // clang-format on
     }
 
@@ -610,7 +654,9 @@ private slots:
         QFETCH(int, kind);
         QFETCH(int, rows);
         QFETCH(QByteArray, expected);
-        // Times in UTC: the texts run on through the changes of the local clock.
+        // Times in UTC: the texts run on through the changes of the local clock, and
+        // the vaporix-VIS file, which meets the skipped hour of 31.03.2019 half way,
+        // is read as standard time (Yes), the lines before it moved to it.
         const QDateTime first(QDate(2021, 1, 1), QTime(0, 0), Qt::UTC);
         const bool csv = kind == int(Kind::Csv);
         QByteArray bytes = csv ? QByteArray("K\nZeit;a;b\n") : visWith(0);

@@ -128,6 +128,7 @@ bool ControllerCsvImport::readHeader()
 void ControllerCsvImport::readRows()
 {
     chartModel.clearStores();
+    chartModel.clockReading = ClockReading::NotRead;
 
     ByteView header[kMaxFields];
     g_splitFields(ByteView{headerLine.constData(), headerLine.size()}, separator, header, kMaxFields);
@@ -160,7 +161,16 @@ void ControllerCsvImport::readRows()
             importHost.warn(QLatin1String(kMsgTooManyData));
             break;
         }
-        const qint64 time = readTime(fields[0]);
+        qint64 time = readTime(fields[0]);
+        if (times.metSkippedTime() && chartModel.clockReading == ClockReading::NotRead &&
+            g_askStandardTime(chartModel, importHost, times.skippedOffset())) {
+            // This time and every one after it with the one offset, the rows before moved to it.
+            times.useFixedOffset(chartModel.standardOffset);
+            time = readTime(fields[0]);
+            g_localToFixedOffset(stores[0]->time, rows, chartModel.standardOffset);
+            for (int i = 1; i < dataSetCount; ++i)
+                std::memcpy(stores[i]->time, stores[0]->time, sizeof(qint64) * std::size_t(rows));
+        }
         for (int i = 0; i < dataSetCount; ++i) {
             stores[i]->time[rows] = time;
             stores[i]->value[rows] = g_readSampleValue(fields[i + 1]);
@@ -172,6 +182,8 @@ void ControllerCsvImport::readRows()
             ++progressRows;
         importHost.progress(progressRows * 191 / 256, 255);
     }
+    if (chartModel.clockReading == ClockReading::NotRead)
+        chartModel.clockReading = ClockReading::Local;
 }
 
 void ControllerCsvImport::finishDataSets()

@@ -1,5 +1,6 @@
 #include "core/import/controllersteps.h"
 
+#include "core/base/coretexts.h"
 #include "core/base/regularfile.h"
 #include "core/model/fixedstring.h"
 
@@ -20,6 +21,11 @@ const char *const kTitleQuestion = QT_TRANSLATE_NOOP("QuorvantaCore", "Quorvanta
 const char *const kAskSiblingFiles = QT_TRANSLATE_NOOP(
     "QuorvantaCore",
     "File seems to be part of a vaporix sampling. Try to load the state and settings information too?");
+const char *const kAskStandardTime =
+    QT_TRANSLATE_NOOP("QuorvantaCore", "This recording's clock does not switch to summer time. Read all of its times "
+                                       "as standard time (UTC%1)?");
+const char *const kTextStandardTime =
+    QT_TRANSLATE_NOOP("QuorvantaCore", "Times read as standard time (UTC%1) all year.");
 const char *const kSensorTitle = "SENSORWERTE";
 
 namespace {
@@ -191,6 +197,25 @@ std::optional<FileResult> g_offerSiblings(SiblingFiles &files, const std::array<
     if (!host.askYesNo(QLatin1String(kTitleQuestion), QLatin1String(kAskSiblingFiles)))
         return FileResult();
     return std::nullopt;
+}
+
+QString g_utcOffsetText(int seconds)
+{
+    const int minutes = (seconds < 0 ? -seconds : seconds) / 60;
+    return QStringLiteral("%1%2:%3")
+        .arg(seconds < 0 ? QLatin1Char('-') : QLatin1Char('+'))
+        .arg(minutes / 60, 2, 10, QLatin1Char('0'))
+        .arg(minutes % 60, 2, 10, QLatin1Char('0'));
+}
+
+bool g_askStandardTime(ChartModel &model, ImportHost &host, int seconds)
+{
+    // The host translates what it is given; a text already translated stays as it is.
+    const bool yes =
+        host.askYesNo(QLatin1String(kTitleQuestion), g_coreText(kAskStandardTime).arg(g_utcOffsetText(seconds)));
+    model.clockReading = yes ? ClockReading::StandardTime : ClockReading::Local;
+    model.standardOffset = yes ? seconds : 0;
+    return yes;
 }
 
 void g_applySensorLayout(ChartModel &model)

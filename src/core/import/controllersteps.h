@@ -17,10 +17,19 @@
 namespace qv {
 
 // Texts (English source texts, context "QuorvantaCore").
-extern const char *const kMsgSiblingFiles;  // "Error while loading additional vaporix files!"
-extern const char *const kMsgTooManyData;   // "File is containing too many data. Please contact Merovin."
-extern const char *const kTitleQuestion;    // "Quorvanta"
-extern const char *const kAskSiblingFiles;  // "File seems to be part of a vaporix sampling. ..."
+extern const char *const kMsgSiblingFiles;   // "Error while loading additional vaporix files!"
+extern const char *const kMsgTooManyData;    // "File is containing too many data. Please contact Merovin."
+extern const char *const kTitleQuestion;     // "Quorvanta"
+extern const char *const kAskSiblingFiles;   // "File seems to be part of a vaporix sampling. ..."
+extern const char *const kAskStandardTime;   // "This recording's clock does not switch to summer time. ..."
+extern const char *const kTextStandardTime;  // "Times read as standard time (UTC%1) all year."
+
+// A UTC offset in seconds as "+01:00" or "-03:30".
+QString g_utcOffsetText(int seconds);
+// A recording read as local time holds a time the local clock skips: asks,
+// in the language of the installed translators, whether its clock stays on
+// standard time (seconds east of UTC), and keeps the answer in the model.
+bool g_askStandardTime(ChartModel &model, ImportHost &host, int seconds);
 
 // Title of a sensor sampling that may come with sibling files.
 extern const char *const kSensorTitle;  // "SENSORWERTE"

@@ -135,6 +135,11 @@ bool LocalTimeCache::toMSecs(const LocalDateTime &t, qint64 *msecs)
 {
     if (t.year < kFirstFastYear || t.year > kLastFastYear)
         return false;
+    if (fixed) {
+        *msecs = (dayNumber(t.year, t.month, t.day) * 24 + t.hour) * kHourMs + t.minute * 60000 + t.second * 1000 -
+                 fixedOffsetMs;
+        return true;
+    }
     const qint64 hourKey = dayNumber(t.year, t.month, t.day) * 24 + t.hour;
     if (hourKey != currentHour)
         lookUpHour(t, hourKey);
@@ -142,6 +147,48 @@ bool LocalTimeCache::toMSecs(const LocalDateTime &t, qint64 *msecs)
         return false;
     *msecs = hourStart + t.minute * 60000 + t.second * 1000;
     return true;
+}
+
+qint64 LocalTimeCache::settle(const QDate &date, const QTime &time, qint64 localMSecs)
+{
+    // A text that does not read keeps the value QDateTime gives it, moved as
+    // every local time moves to the fixed offset.
+    if (!date.isValid() || !time.isValid())
+        return fixed ? localMSecs + offsetAt(localMSecs) * 1000 - fixedOffsetMs : localMSecs;
+    if (fixed)
+        return QDateTime(date, time, Qt::OffsetFromUTC, int(fixedOffsetMs / 1000)).toMSecsSinceEpoch();
+    if (!skippedSeen && !QDateTime(date, time, Qt::LocalTime).isValid()) {
+        skippedSeen = true;
+        // A day before the skipped time (taken as UTC) lies before the change
+        // whatever the zone's offset, and months after the change before it.
+        offsetBeforeSkip = offsetAt(QDateTime(date, time, Qt::UTC).toMSecsSinceEpoch() - kDayMs);
+    }
+    return localMSecs;
+}
+
+void LocalTimeCache::useFixedOffset(int seconds)
+{
+    fixed = true;
+    fixedOffsetMs = qint64(seconds) * 1000;
+}
+
+void g_localToFixedOffset(qint64 *times, int count, int seconds)
+{
+    qint64 spanStart = 0;
+    qint64 spanEnd = -1;
+    qint64 shift = 0;
+    for (int k = 0; k < count; ++k) {
+        const qint64 t = times[k];
+        if (t < spanStart || t > spanEnd) {
+            // An offset that is the same a day later holds for that day: zones
+            // change theirs months apart.
+            const int offset = offsetAt(t);
+            spanStart = t;
+            spanEnd = offsetAt(t + kDayMs) == offset ? t + kDayMs : t;
+            shift = (qint64(offset) - seconds) * 1000;
+        }
+        times[k] = t + shift;
+    }
 }
 
 qint64 LocalTimeReader::readSlowly(const char *text, qsizetype size) const
@@ -157,10 +204,19 @@ qint64 LocalTimeReader::read(const char *text, qsizetype size)
     const qsizetype timeSize = timeFormat == WithSeconds ? 8 : 5;
     LocalDateTime t;
     qint64 msecs = 0;
-    if (size == 11 + timeSize && text[10] == ' ' && g_parseStrictDate(text, 10, &t) &&
-        g_parseStrictTime(text + 11, timeSize, timeFormat == WithSeconds, &t) && cache.toMSecs(t, &msecs))
+    const bool strict = size == 11 + timeSize && text[10] == ' ' && g_parseStrictDate(text, 10, &t) &&
+                        g_parseStrictTime(text + 11, timeSize, timeFormat == WithSeconds, &t);
+    if (strict && cache.toMSecs(t, &msecs))
         return msecs;
-    return readSlowly(text, size);
+    if (strict)
+        return cache.settle(QDate(t.year, t.month, t.day), QTime(t.hour, t.minute, t.second), readSlowly(text, size));
+    // Another form QDateTime may still read (a year outside the fast range);
+    // a skipped time in it reads as invalid, as before.
+    const QString format =
+        timeFormat == WithSeconds ? QStringLiteral("dd.MM.yyyy hh:mm:ss") : QStringLiteral("dd.MM.yyyy hh:mm");
+    const QDateTime local =
+        QDateTime::fromString(QString::fromLatin1(text, int(qMin<qsizetype>(size, INT_MAX))), format);
+    return cache.settle(local.date(), local.time(), local.toMSecsSinceEpoch());
 }
 
 }  // namespace qv

@@ -122,14 +122,16 @@ qint64 VisCsvImport::readTime(ByteView date, ByteView time)
         return msecs;
     const ByteView d = date.upToZero();
     const ByteView h = time.upToZero();
-    return QDateTime(QDate::fromString(QString::fromLatin1(d.data, int(d.size)), QStringLiteral("dd.MM.yyyy")),
-                     QTime::fromString(QString::fromLatin1(h.data, int(h.size)), QStringLiteral("hh:mm")))
-        .toMSecsSinceEpoch();
+    const QDate day = QDate::fromString(QString::fromLatin1(d.data, int(d.size)), QStringLiteral("dd.MM.yyyy"));
+    const QTime clock = QTime::fromString(QString::fromLatin1(h.data, int(h.size)), QStringLiteral("hh:mm"));
+    // A valid date with an invalid time is midnight, as QDateTime makes it.
+    return times.settle(day, clock.isValid() ? clock : QTime(0, 0), QDateTime(day, clock).toMSecsSinceEpoch());
 }
 
 void VisCsvImport::readSamples()
 {
     chartModel.clearStores();
+    chartModel.clockReading = ClockReading::NotRead;
     modeCodesT &modes = *chartModel.modeCodes();
     std::memset(&modes, 0, sizeof modes);
     g_applyVisLayout(settings);
@@ -143,7 +145,16 @@ void VisCsvImport::readSamples()
     qsizetype fieldCount = g_splitFields(lines.next(1), ';', fields, kFieldRoom);
     int progressLines = 0;
     while (fieldCount == kVisDataFields) {
-        const qint64 t = readTime(fields[0], fields[1]);
+        qint64 t = readTime(fields[0], fields[1]);
+        if (times.metSkippedTime() && chartModel.clockReading == ClockReading::NotRead &&
+            g_askStandardTime(chartModel, importHost, times.skippedOffset())) {
+            // This time and every one after it with the one offset, the lines before moved to it.
+            times.useFixedOffset(chartModel.standardOffset);
+            t = readTime(fields[0], fields[1]);
+            g_localToFixedOffset(stores[0]->time, stores[0]->count, chartModel.standardOffset);
+            for (int i = 1; i < kVisDataSets; ++i)
+                std::memcpy(stores[i]->time, stores[0]->time, sizeof(qint64) * std::size_t(stores[0]->count));
+        }
         for (int i = 0; i < kVisDataSets; ++i) {
             _chartDataType &d = *stores[i];
             d.time[d.count] = t;
@@ -163,6 +174,8 @@ void VisCsvImport::readSamples()
             ++progressLines;
         importHost.progress((progressLines * 255) >> 18, 255);
     }
+    if (chartModel.clockReading == ClockReading::NotRead)
+        chartModel.clockReading = ClockReading::Local;
 }
 
 void VisCsvImport::finish()

@@ -111,6 +111,8 @@ void ChartModel::reset()
         r = RowState();
     modeBoxVisible = false;
     modeBoxChecked = false;
+    clockReading = ClockReading::NotRead;
+    standardOffset = 0;
 }
 
 int ChartModel::usedDataSets() const

@@ -159,6 +159,14 @@ static_assert(offsetof(modeParametersT, reserved) == 108);
 
 namespace qv {
 
+// How an import read the local times of its recording. Not saved: a project
+// loaded from a file does not know it.
+enum class ClockReading : quint8 {
+    NotRead,       // no local times read (a project file, a binary log)
+    Local,         // local time with its summer time
+    StandardTime,  // a clock without summer time: the zone's standard offset all year
+};
+
 // Check box state of one data set row beside the chart. The desktop program
 // mirrors these in its widgets; keeping them here lets the command-line tool
 // reproduce every effect the boxes have on the saved record.
@@ -207,6 +215,9 @@ public:
     RowState row[kMaxDataSets];
     bool modeBoxVisible = false;
     bool modeBoxChecked = false;
+
+    ClockReading clockReading = ClockReading::NotRead;
+    int standardOffset = 0;  // seconds east of UTC, with ClockReading::StandardTime
 
     // Row activation: enabled, ticked from the shown bit.
     void activateRow(int index);
